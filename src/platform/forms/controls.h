@@ -1,0 +1,149 @@
+#pragma once
+
+#include <cstddef>
+#include <deque>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/forms/control.h"
+#include "platform/forms/look.h"
+
+namespace marrowfen {
+
+/// Text that nobody edits. It wraps at its width, and is painted smaller when it would not fit.
+class Label final : public Control {
+public:
+    Label(Form& form, const Rect& bounds, std::string caption, Font font, Colour fore, Align align = Align::Left,
+          std::optional<Colour> back = {});
+    Property<std::string> Caption;
+    Property<Colour> ForeColor;
+    const marrowfen::Font font;
+    const Align align;
+    const std::optional<Colour> back;  ///< none: the form shows through
+};
+
+enum class Stretch : std::uint8_t { No, Yes };
+
+/// A picture without a frame. Stretched, it fills its bounds; otherwise it stands at the upper left in its natural
+/// size.
+class Image final : public Control {
+public:
+    Image(Form& form, const Rect& bounds, const marrowfen::Picture& picture = {}, Stretch stretch = Stretch::Yes);
+    Property<marrowfen::Picture> Picture;
+    const Stretch stretch;
+};
+
+enum class DragMode : std::uint8_t { None, Automatic };
+
+/// A field that shows a picture, stretched to its bounds, and can hold the focus. In automatic drag mode a press on it
+/// starts a drag.
+class PictureBox final : public Control {
+public:
+    PictureBox(Form& form, const Rect& bounds, std::optional<Colour> back, DragMode drag_mode = DragMode::None);
+    Property<marrowfen::Picture> Picture;
+    const std::optional<Colour> back;  ///< none: what lies below shows through
+    const DragMode drag_mode;
+    [[nodiscard]] bool takes_focus() const override { return true; }
+};
+
+/// A rectangle that only decorates: the mouse goes through it.
+class Shape final : public Control {
+public:
+    struct Style {
+        std::optional<Colour> fill{};
+        std::optional<Colour> outline{};
+        int outline_pixels = 1;  ///< at the design's resolution
+        Twips corner = 0;        ///< radius
+    };
+    Shape(Form& form, const Rect& bounds, const Style& style);
+    const Style style;
+    [[nodiscard]] bool takes_mouse() const override { return false; }
+    [[nodiscard]] Twips overhang() const override { return style.outline_pixels * kTwipsPerPixel; }
+};
+
+/// One line of text. An editable box is a real text field of the desktop; a read-only one is painted, and a text that
+/// is too long for it ends in an ellipsis.
+class TextBox final : public Control {
+public:
+    enum class Mode : std::uint8_t { Editable, ReadOnly };
+    struct Style {
+        marrowfen::Font font;
+        Colour fore = kRed;
+        Colour back = kWhite;
+        bool framed = true;
+    };
+    TextBox(Form& form, const Rect& bounds, Mode mode, const Style& style, std::size_t max_length = 32767,
+            std::string text = {});
+    Property<std::string> Text;
+    Property<Colour> ForeColor;
+    const Mode mode;
+    const Style style;
+    const std::size_t max_length;  ///< in characters
+    [[nodiscard]] bool takes_focus() const override { return mode == Mode::Editable; }
+};
+
+/// A list of lines, of which one at most is selected.
+class ListBox final : public Control {
+public:
+    struct Style {
+        marrowfen::Font font;
+        Colour fore = kRed;
+        Colour back = kYellow;
+    };
+    ListBox(Form& form, const Rect& bounds, const Style& style);
+    const Style style;
+    std::function<void()> on_enter_key;
+
+    void clear();
+    void add(std::string entry);
+    void select(std::size_t index);  ///< an index past the end selects nothing
+    void clear_selection();
+    [[nodiscard]] const std::vector<std::string>& entries() const { return entries_; }
+    [[nodiscard]] std::optional<std::size_t> selected() const { return selected_; }
+    [[nodiscard]] std::size_t selected_count() const { return selected_ ? 1 : 0; }
+    [[nodiscard]] std::string text() const;  ///< of the selected entry; empty when none is
+    [[nodiscard]] bool takes_focus() const override { return true; }
+
+private:
+    std::vector<std::string> entries_;
+    std::optional<std::size_t> selected_;
+};
+
+/// A drop-down list under a box into which nothing can be typed. The box can show a text that is not in the list.
+class ComboBox final : public Control {
+public:
+    ComboBox(Form& form, const Rect& bounds, const ListBox::Style& style);
+    Property<std::string> Text;  ///< what the box shows
+    const ListBox::Style style;
+
+    void clear();  ///< the list and the box
+    void add(std::string entry);
+    void choose(std::size_t index);  ///< the user picks an entry: the box shows it, and the click is told
+    [[nodiscard]] const std::vector<std::string>& entries() const { return entries_; }
+    [[nodiscard]] bool takes_focus() const override { return true; }
+
+private:
+    std::vector<std::string> entries_;
+};
+
+/// Controls of one kind under one name, counted from `First`.
+template <class C, int First>
+class ControlArray {
+public:
+    template <class... Args>
+    C& add(Args&&... args) {
+        return controls_.emplace_back(std::forward<Args>(args)...);
+    }
+    [[nodiscard]] C& operator[](int index) { return controls_.at(static_cast<std::size_t>(index - First)); }
+    [[nodiscard]] const C& operator[](int index) const { return controls_.at(static_cast<std::size_t>(index - First)); }
+    [[nodiscard]] static constexpr int first() { return First; }
+    [[nodiscard]] int last() const { return First + static_cast<int>(controls_.size()) - 1; }
+    auto begin() { return controls_.begin(); }
+    auto end() { return controls_.end(); }
+
+private:
+    std::deque<C> controls_;  // a deque never moves what it holds
+};
+
+}  // namespace marrowfen

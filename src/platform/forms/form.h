@@ -1,0 +1,95 @@
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "platform/forms/controls.h"
+#include "platform/forms/timer.h"
+
+namespace marrowfen {
+
+class Desktop;
+
+enum class Level : std::uint8_t { Ordinary, TopMost };
+enum class Placement : std::uint8_t { Maximised, Centred, Own };
+enum class Border : std::uint8_t { None, Thin };
+enum class KeyPreview : std::uint8_t { No, Yes };
+
+struct FormDesign {
+    Size size;
+    Placement placement = Placement::Centred;
+    Level level = Level::TopMost;
+    KeyPreview key_preview = KeyPreview::No;
+    Border border = Border::None;
+    Colour back = kYellow;
+};
+
+/// A disc, or a sector of one, that was drawn on a form and stays there until the form goes.
+struct Disc {
+    /// Radians, counter-clockwise from three o'clock. The sector runs counter-clockwise from |start| to |end|.
+    struct Sector {
+        float start = 0;
+        float end = 0;
+    };
+    Point centre;
+    Twips radius = 0;
+    std::optional<Sector> sector;  ///< none: the whole disc
+    Colour outline;
+    Colour fill;
+};
+
+/// A window of the program. Handlers are told in the order load, activated, resized when it is first shown.
+class Form : public Touchable {
+public:
+    Form(Desktop& desktop, const FormDesign& design);
+    Form(const Form&) = delete;
+    Form& operator=(const Form&) = delete;
+    virtual ~Form() = default;
+
+    Property<Twips> Left;
+    Property<Twips> Top;
+    Property<Twips> Width;
+    Property<Twips> Height;
+    Colour FillColor = kRed;  ///< of what is drawn next
+
+    virtual void load() {}
+    virtual void activated() {}    ///< has become the active form
+    virtual void deactivated() {}  ///< another form of the program has
+    virtual void resized() {}      ///< has got its size on the screen, the first time or anew
+    virtual void key_down(const KeyEvent&) {}
+    virtual void key_pressed(KeyPress&) {}  ///< comes first with key preview on, never without
+    /// Puts the form where it belongs. Asked after the load and whenever the screen has changed.
+    virtual void place();
+
+    void draw(const Disc& disc);  ///< over the pictures, on top of what was drawn before
+    [[nodiscard]] const std::vector<Disc>& drawn() const { return drawn_; }
+
+    [[nodiscard]] Desktop& desktop() const { return desktop_; }
+    [[nodiscard]] const FormDesign& design() const { return design_; }
+    [[nodiscard]] Rect bounds() const { return {Left, Top, Width, Height}; }  ///< in twips on the screen
+    [[nodiscard]] bool visible() const { return visible_; }
+    [[nodiscard]] const std::vector<Control*>& controls() const { return controls_; }  ///< from the bottom to the top
+    [[nodiscard]] Control* focus() const { return focus_; }
+    /// The uppermost control that takes the mouse at a point of the form; nullptr: the bare surface.
+    [[nodiscard]] Control* control_at(Point on_form) const;
+
+    void touched() override;
+
+private:
+    friend class Control;
+    friend class Desktop;
+    friend class Timer;
+    void changed(const Rect& part);
+    [[nodiscard]] Control* first_to_take_focus() const;
+
+    Desktop& desktop_;
+    FormDesign design_;
+    std::vector<Control*> controls_;
+    std::vector<Timer*> timers_;
+    std::vector<Disc> drawn_;
+    Control* focus_ = nullptr;
+    bool visible_ = false;
+    bool displayed_ = false;
+};
+
+}  // namespace marrowfen
