@@ -1,0 +1,35 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+#include "core/form_id.h"
+
+namespace marrowfen {
+
+enum class RuleId : std::uint8_t { None, RhymingWords, PictureSpelling, SentenceWords, FirstLetters, KeyTiles };
+
+/// What depends on the game's id, and on nothing else.
+struct Game {
+    std::int16_t id = 0;
+    RuleId typed = RuleId::None;    ///< judges typed keys
+    RuleId clicked = RuleId::None;  ///< judges clicks on the board's keys
+    bool deals_tiles = false;
+    std::span<const FormId> companions{};  ///< open with the board and close with the game, in this order
+    bool clears_the_desk = false;          ///< content forms of an earlier game are closed as the board opens
+    bool companions_go_first_at_time_up = false;
+    std::string_view content_table{};
+    std::int16_t rhyme_groups = 0;
+    std::string_view typing_test_pictures{};  ///< not empty: a typing test, which has no board
+    [[nodiscard]] bool is_typing_test() const { return !typing_test_pictures.empty(); }
+};
+
+[[nodiscard]] const Game* find_game(std::int16_t id);  ///< nullptr: an id that means nothing
+
+/// A typing test is played without a team and against no limit.
+[[nodiscard]] bool is_typing_test(std::int16_t id);
+
+constexpr std::int16_t kOldTypingTest = 111;  ///< has results and a caption, but no entry in the list of games
+
+}  // namespace marrowfen
