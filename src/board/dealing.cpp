@@ -1,0 +1,88 @@
+// Which letter lies on which tile, and which picture stands for it.
+
+#include "board/frmSimpleKeyBoard.h"
+
+namespace marrowfen {
+
+namespace {
+
+constexpr int kFirstDealDrawsFrom = kKeyCount - 1;  // the opening deal leaves the last key, A, for later
+
+std::string column_of(int key) { return "pic" + std::to_string(key); }
+
+}  // namespace
+
+bool frmSimpleKeyBoard::is_split() const { return as_flag(program_.state.GameRs->field("Split")); }
+
+bool frmSimpleKeyBoard::is_right_hand(int key) const {
+    State& state = program_.state;
+    const auto count = static_cast<State::Whole>(state.RightHandKeys.size());
+    for (state.KeyScan = 0; state.KeyScan < count; ++state.KeyScan) {
+        if (state.RightHandKeys[static_cast<std::size_t>(state.KeyScan)] == key) return true;
+    }
+    return false;
+}
+
+Picture frmSimpleKeyBoard::face(int key) const {
+    const State& state = program_.state;
+    const RowSet& row = *state.GameRs;
+    const std::string file = state.KeyLetters[static_cast<std::size_t>(key)] + ".BMP";
+    const bool split = is_split();
+    if (!split && as_flag(row.field("background"))) {
+        return Picture::file(
+            program_.path("\\KeyPictures\\Simple\\Back\\Pictures\\" + as_text(row.field(column_of(key))) + ".BMP"));
+    }
+    const std::string_view folder =
+        split && is_right_hand(key) ? "\\KeyPictures\\Simple\\RightHand\\" : "\\KeyPictures\\Simple\\Back\\";
+    return Picture::file(program_.path(folder) + as_text(row.field("droptype")) + "\\" + file);
+}
+
+void frmSimpleKeyBoard::paint_faces() {
+    for (CurrentKey = 1; CurrentKey <= kKeyCount; ++CurrentKey) Keys[CurrentKey].Picture = face(CurrentKey);
+}
+
+Picture frmSimpleKeyBoard::tile_picture(int key) const {
+    const State& state = program_.state;
+    const std::string_view folder =
+        is_split() && is_right_hand(key) ? "\\KeyPictures\\Simple\\Back\\RightHand\\" : "\\KeyPictures\\Simple\\";
+    return Picture::file(program_.path(folder) + state.DragType + "\\" +
+                         state.KeyLetters[static_cast<std::size_t>(key)] + ".bmp");
+}
+
+void frmSimpleKeyBoard::deal(PictureBox& tile, int key) {
+    State& state = program_.state;
+    std::string& letter = state.KeyLetters[static_cast<std::size_t>(key)];
+    tile.Tag = letter;
+    tile.Picture = tile_picture(key);
+    letter.clear();
+    ++state.PanelsDone;
+}
+
+void frmSimpleKeyBoard::deal_first_tiles() {
+    const auto is_out = [this] { return program_.state.KeyLetters[static_cast<std::size_t>(CurrentKey)].empty(); };
+    CurrentKey = 0;
+    for (int i = 0; i <= program_.state.PanelCount; ++i) {
+        do {
+            CurrentKey = static_cast<State::Whole>(program_.ports.random.draw(kFirstDealDrawsFrom));
+        } while (is_out());
+        deal(DragKey[i], CurrentKey);
+        DragKey[i].Visible = true;
+    }
+}
+
+void frmSimpleKeyBoard::deal_next(PictureBox& tile) {
+    while (program_.state.KeyLetters[static_cast<std::size_t>(CurrentKey)].empty()) {
+        CurrentKey = static_cast<State::Whole>(program_.ports.random.draw(kKeyCount));
+    }
+    deal(tile, CurrentKey);
+}
+
+void frmSimpleKeyBoard::refill(PictureBox& tile) {
+    if (program_.state.PanelsDone == kKeyCount) {
+        tile.Visible = false;
+    } else {
+        deal_next(tile);
+    }
+}
+
+}  // namespace marrowfen

@@ -1,0 +1,115 @@
+#include "board/frmSimpleKeyBoard.h"
+
+#include "core/game_table.h"
+
+namespace marrowfen {
+
+namespace {
+
+constexpr Colour kPanBorderColour = rgb(192, 0, 0);
+
+}  // namespace
+
+frmSimpleKeyBoard::frmSimpleKeyBoard(Program& program)
+    : ListeningForm(program, {.size = {11940, 5565}, .key_preview = KeyPreview::Yes, .back = rgb(230, 249, 57)}),
+      PanBorder(*this, {5775, 2400, 735, 675}, {.outline = kPanBorderColour, .outline_pixels = 2}) {
+    // The drawn keyboard shows through a key without a face.
+    for (int i = 1; i <= kKeyCount; ++i) {
+        const KeyPlace& place = kKeyPlaces[static_cast<std::size_t>(i - 1)];
+        PictureBox& key = Keys.add(*this, Rect{place.left, place.top, kKeySize.width, kKeySize.height}, std::nullopt);
+        key.Tag = std::string(1, place.tag);
+        key.Enabled = false;
+        key.on_click = [this, i] { program_.referee->Keys_Click(i); };
+        key.on_drag_over = [this, &key](DragState state) { drag_over(key, state); };
+        key.on_drag_drop = [this, &key](PictureBox& tile) { drop(key, tile); };
+    }
+    for (const Twips left : kTileLefts) {
+        PictureBox& tile = DragKey.add(*this, Rect{left, kTileTop, kKeySize.width, kKeySize.height}, std::nullopt,
+                                       DragMode::Automatic);
+        tile.Tag = "A";
+        tile.Enabled = false;
+        tile.Visible = false;
+        tile.on_mouse_move = [this, &tile] { mark(tile); };
+    }
+    PanBorder.Visible = false;
+    PanBorder.bring_to_front();
+}
+
+void frmSimpleKeyBoard::SetAlpha() {
+    for (int i = 1; i <= kKeyCount; ++i) program_.state.KeyLetters[static_cast<std::size_t>(i)] = Keys[i].Tag;
+}
+
+void frmSimpleKeyBoard::SetRhand() { program_.state.RightHandKeys.assign(kRightHand.begin(), kRightHand.end()); }
+
+void frmSimpleKeyBoard::load() {
+    State& state = program_.state;
+    state.GameRunning = false;
+    CurrentKey = 0;
+    state.PanelsDone = 0;
+    state.KeysDone = 0;
+    program_.referee->new_game();
+    state.GameRs = program_.open_rows("Templates");
+    SetAlpha();
+    SetRhand();
+    if (!read_template()) {
+        program_.forms.unload(FormId::frmSettings);
+        program_.forms.show(FormId::frmGames);
+        program_.tell("Sorry, this game can't be found. Please choose another one.");
+        program_.forms.unload(kId);
+        return;
+    }
+    program_.forms.unload(FormId::frmSettings);
+    if (as_flag(state.GameRs->field("backgroundletters"))) paint_faces();
+
+    const Game* game = find_game(state.TemplateID);
+    if (game == nullptr || game->deals_tiles) {
+        deal_first_tiles();
+        return;
+    }
+    state.WordsFound.fill({});
+    state.TypedText.clear();
+    state.TypedLength = 0;
+}
+
+bool frmSimpleKeyBoard::read_template() {
+    State& state = program_.state;
+    state.GameRs->find_first(where_number("Template_ID", state.TemplateID));
+    if (state.GameRs->no_match()) return false;
+    state.PanelCount = as_whole(state.GameRs->field("Panels"));
+    state.DragType = as_text(state.GameRs->field("dragtype"));
+    return state.PanelCount >= 0 && state.PanelCount < kTileCount;
+}
+
+void frmSimpleKeyBoard::resized() {
+    program_.forms.show(FormId::frmTimer);
+    const Game* game = find_game(program_.state.TemplateID);
+    if (game == nullptr) return;
+    for (const FormId companion : game->companions) program_.forms.show(companion);
+    if (!game->clears_the_desk) return;
+    using enum FormId;
+    program_.forms.unload({frmWord, frmWordsUsed, frmSentence, frmPictureCard});
+}
+
+PictureBox* frmSimpleKeyBoard::find_key(std::string_view letter) {
+    const std::string tag = in_capitals(letter);
+    for (PictureBox& key : Keys) {
+        if (key.Tag == tag) return &key;
+    }
+    return nullptr;
+}
+
+void frmSimpleKeyBoard::enable_play() {
+    for (PictureBox& tile : DragKey) tile.Enabled = true;
+    for (PictureBox& key : Keys) key.Enabled = true;
+}
+
+void frmSimpleKeyBoard::leave_game() {
+    const Game* game = find_game(program_.state.TemplateID);
+    if (game != nullptr) {
+        for (const FormId companion : game->companions) program_.forms.unload(companion);
+    }
+    program_.forms.show(FormId::frmGames);
+    program_.forms.unload({kId, FormId::frmTimer});
+}
+
+}  // namespace marrowfen

@@ -1,0 +1,51 @@
+#include "content/frmPictureCard.h"
+
+#include <array>
+#include <utility>
+
+namespace marrowfen {
+
+namespace {
+
+constexpr std::array<std::string_view, frmPictureCard::kCards> kWords{
+    "apple",  "ball", "cat",      "dog",    "egg",   "fish",   "gate", "horse", "igloo",
+    "jigsaw", "key",  "lion",     "mouse",  "nail",  "orange", "pig",  "queen", "rabbit",
+    "sun",    "tree", "umbrella", "violin", "watch", "xray",   "yoyo", "zebra"};
+
+constexpr Twips kFromRightEnd = 130;
+
+}  // namespace
+
+frmPictureCard::frmPictureCard(Program& program)
+    : ProgramForm(program, {.size = {1785, 1890}, .placement = Placement::Own}) {}
+
+void frmPictureCard::SetPics() {
+    for (std::size_t i = 0; i < kWords.size(); ++i) program_.state.CardWords[i + 1] = kWords[i];
+}
+
+void frmPictureCard::place() {
+    const Form* board = program_.forms.find(FormId::frmSimpleKeyBoard);
+    if (board == nullptr) return;
+    Top = board->Top - Height;
+    Left = board->Left + board->Width - Width - kFromRightEnd;
+}
+
+void frmPictureCard::load() {
+    SetPics();
+    State& state = program_.state;
+    state.WordCursor = 0;
+    state.TargetText = draw_card();
+    pic.Tag = in_capitals(state.TargetText.substr(0, 1));
+}
+
+std::string frmPictureCard::draw_card() {
+    State& state = program_.state;
+    const auto word = [&state]() -> std::string& { return state.CardWords[static_cast<std::size_t>(state.CardIndex)]; };
+    do {
+        state.CardIndex = static_cast<State::Whole>(program_.ports.random.draw(kCards));
+    } while (word().empty());
+    pic.Picture = Picture::file(program_.path("\\KeyPictures\\Simple\\Back\\Pictures\\Flash\\") + word() + ".bmp");
+    return std::exchange(word(), {});
+}
+
+}  // namespace marrowfen

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "core/program_form.h"
+
+namespace marrowfen {
+
+/// The sentence card: a word class, and a sentence to find a word of that class in.
+class frmSentence final : public ListeningForm {
+public:
+    static constexpr FormId kId = FormId::frmSentence;
+    explicit frmSentence(Program& program);
+
+    // clang-format off
+    //                           left  top  width height
+    Label   Label1   {*this, {     75,   0,  1095,  375}, "Choose a", comic(14.25), kRed};
+    TextBox wordtype {*this, {   1230,   0,  1275,  390}, TextBox::Mode::ReadOnly,
+                      {.font = comic_underlined(14.25), .back = kYellow, .framed = false}, 32767, "Text1"};
+    Label   Label2   {*this, {   2655,   0,  2730,  345}, "from this sentence", comic(14.25), kRed};
+    TextBox Sentence {*this, {     75, 450,  5370,  375}, TextBox::Mode::ReadOnly,
+                      {.font = comic(14.25), .back = kYellow, .framed = false}, 32767, "Text2"};
+    // clang-format on
+
+    void load() override;
+    void place() override;  ///< in the upper right corner of the screen
+
+    /// How many sentences the table has.
+    [[nodiscard]] State::Whole count_sentences() const;
+    /// Shows a row of the table, counted from 1, or the next one that is complete, and asks for one of its three words
+    /// at random. Gives the number of the row on show; 0: no row is complete, and the card stays as it is.
+    State::Whole show_sentence(State::Whole row);
+};
+
+}  // namespace marrowfen

@@ -1,0 +1,7 @@
+#include "pupils/frmErrmsg.h"
+
+namespace marrowfen {
+
+frmErrmsg::frmErrmsg(Program& program) : ProgramForm(program, {.size = {10170, 4440}, .border = Border::Thin}) {}
+
+}  // namespace marrowfen

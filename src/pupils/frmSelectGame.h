@@ -1,0 +1,45 @@
+#pragma once
+
+#include "core/artwork.h"
+#include "core/program_form.h"
+#include "platform/forms/picture_button.h"
+
+namespace marrowfen {
+
+/// The first screen: a pupil finds their own name in the list and clicks it. Alt+D leads a teacher to the removal of
+/// pupils; no screen tells of it.
+class frmSelectGame final : public ProgramForm {
+public:
+    static constexpr FormId kId = FormId::frmSelectGame;
+    static constexpr Colour kPanel{10841914};
+    explicit frmSelectGame(Program& program);
+
+    // clang-format off
+    //                              left   top  width height
+    Image    Image1      {*this, {  2040,  660,  7680, 3480}, art::kTitle};
+    Shape    Shape1      {*this, {   885, 4290,  9735, 3135}, {.fill = kPanel, .corner = 400}};
+    Label    Label11     {*this, {  1365, 4605,  8790,  810}, "Please select your name", comic(26.25), kWhite,
+                          Align::Centre};
+    ComboBox cmbPupils   {*this, {  2595, 5775,  3765,  555}, {.font = comic(15.75), .fore = kRed, .back = kWhite}};
+    Image    NewPLay_Pre {*this, {  6405, 5775,  2700,  615}, art::kNewPlayerPressed};
+    Image    NewPlay_De  {*this, {  6405, 5775,  2775,  630}, art::kNewPlayer};
+    Image    Exitpr      {*this, {  6390, 6480,  2715,  660}, art::kExitPressed};
+    Image    Exitde      {*this, {  6390, 6480,  2745,  660}, art::kExit};
+    Label    Label1      {*this, {  4215, 7725,  2760,  795}, "Marrowfen\nLearn letters by playing", comic(12), kBlue,
+                          Align::Centre};
+    // clang-format on
+
+    void activated() override;
+    void key_down(const KeyEvent& event) override;
+    /// Settles who plays from the name in the box. Without such a pupil a message says so.
+    void RunGame();
+
+private:
+    PictureButton new_player_{NewPlay_De, NewPLay_Pre, [this] { new_player(); }};
+    PictureButton exit_{Exitde, Exitpr, [this] { program_.leave(Exit::FromSelectGame); }};
+
+    void pupil_chosen();
+    void new_player();
+};
+
+}  // namespace marrowfen

@@ -1,0 +1,30 @@
+#include "pupils/frmSettings.h"
+
+#include "results/frmHalloffame.h"
+
+namespace marrowfen {
+
+frmSettings::frmSettings(Program& program) : ProgramForm(program, {.size = {10605, 6990}}) {
+    Image1.on_mouse_down = [this] { redDe.bring_to_front(), join(kRedTeam); };
+    Image3.on_mouse_down = [this] { YellowDe.bring_to_front(), join(kYellowTeam); };
+    Image4.on_mouse_down = [this] { GreenDe.bring_to_front(), join(kGreenTeam); };
+    Image2.on_mouse_down = [this] { BlueDe.bring_to_front(), join(kBlueTeam); };
+}
+
+void frmSettings::join(const Team& team) {
+    State& state = program_.state;
+    if (state.HallViewOnly) {
+        state.TimeLimit = team.time_limit;
+        program_.forms.show(FormId::frmHalloffame);
+        program_.forms.load<frmHalloffame>().for_viewing_only();
+        program_.forms.unload(kId);
+        return;
+    }
+    // The board unloads this form while it loads; from here on only the stopwatch and the shared state are touched.
+    Program& program = program_;
+    program.forms.show(FormId::frmSimpleKeyBoard);
+    if (Form* stopwatch = program.forms.find(FormId::frmTimer)) stopwatch->FillColor = team.colour;
+    program.state.TimeLimit = team.time_limit;
+}
+
+}  // namespace marrowfen

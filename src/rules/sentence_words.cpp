@@ -1,0 +1,55 @@
+#include "content/frmSentence.h"
+#include "rules/spelling.h"
+
+namespace marrowfen {
+
+namespace {
+
+constexpr State::Whole kSentencesInAGame = 6;
+constexpr State::Whole kRowsCompared = 5;  // entries of UsedRowIds that a new row is held against
+
+struct Manner {
+    bool repaints_when_right;
+};
+constexpr Manner kTyped{true};
+constexpr Manner kClicked{false};
+
+}  // namespace
+
+bool SentenceWords::is_last_word() const { return program_.state.TargetPos == kSentencesInAGame - 1; }
+
+void SentenceWords::word_finished(const Answer& answer) {
+    State& state = program_.state;
+    const Manner& manner = answer.by == By::Typing ? kTyped : kClicked;
+    if (!cue_and_yield("magic.au")) return;
+    state.TypedLength = 0;
+    if (manner.repaints_when_right) {
+        repaint_found();
+        if (!yield()) return;
+    }
+    show_found("");
+    ++state.TargetPos;
+    state.TypedText.clear();
+    if (state.TargetPos == kSentencesInAGame) {
+        end_game();
+        return;
+    }
+    draw_sentence();
+}
+
+// A redrawn row is not held against the entries already passed, so a sentence can come up again, if rarely.
+void SentenceWords::draw_sentence() {
+    State& state = program_.state;
+    auto* card = program_.forms.find<frmSentence>();
+    if (card == nullptr) return;
+    const State::Whole count = card->count_sentences();
+    if (count == 0) return;
+    const auto draw = [&] { return static_cast<State::Whole>(program_.ports.random.draw(count)); };
+    State::Whole row = draw();
+    for (state.KeyScan = 0; state.KeyScan < kRowsCompared; ++state.KeyScan) {
+        if (state.UsedRowIds[static_cast<std::size_t>(state.KeyScan)] == row) row = draw();
+    }
+    state.UsedRowIds[static_cast<std::size_t>(state.TargetPos)] = card->show_sentence(row);
+}
+
+}  // namespace marrowfen
