@@ -1,0 +1,80 @@
+#include "platform/qt/combo_field.h"
+
+#include <QAbstractItemView>
+#include <QPainter>
+#include <QPainterPath>
+#include <QWheelEvent>
+#include <algorithm>
+
+#include "platform/forms/desktop.h"
+#include "platform/qt/house_style.h"
+#include "platform/qt/list_field.h"
+
+namespace marrowfen {
+
+ComboField::ComboField(Desktop& desktop, ComboBox& combo, QWidget* parent) : QComboBox(parent), combo_(&combo) {
+    constexpr int kMostRows = 10;
+    setMaxVisibleItems(kMostRows);
+    setItemDelegate(new RoomyRows(this));
+    setCursor(Qt::PointingHandCursor);
+    setPalette(field_palette(combo.style.fore, combo.style.back));
+    view()->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    view()->setTextElideMode(Qt::ElideRight);
+    // "activated" tells every pick, also of the entry that the box shows already.
+    connect(this, &QComboBox::activated, this, [this, &desktop](int index) {
+        if (combo_ != nullptr && index >= 0) desktop.chosen(*combo_, static_cast<std::size_t>(index));
+    });
+}
+
+void ComboField::refresh() {
+    if (entries_ != combo_->entries()) {
+        entries_ = combo_->entries();
+        clear();
+        addItems(to_qt(entries_));
+    }
+    shown_ = QString::fromStdString(combo_->Text);
+    setCurrentIndex(findText(shown_, Qt::MatchExactly | Qt::MatchCaseSensitive));
+    update();
+}
+
+void ComboField::resize_to(const Scale& scale, const Typefaces& faces) {
+    setFont(faces.caption(combo_->style.font, scale.widget_pixels(design_pixels(combo_->style.font.points))));
+    line_ = scale.widget_pixels(1);
+}
+
+void ComboField::showPopup() {
+    int widest = 0;
+    for (int i = 0; i < count(); ++i) widest = std::max(widest, fontMetrics().horizontalAdvance(itemText(i)));
+    const int beside = 4 * fontMetrics().averageCharWidth() + style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    view()->setMinimumWidth(std::clamp(widest + beside, width(), std::max(width(), window()->width())));
+    QComboBox::showPopup();
+}
+
+void ComboField::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const double line = hasFocus() ? 2.0 * line_ : line_;
+    const QRectF box = QRectF(rect()).adjusted(line / 2, line / 2, -line / 2, -line / 2);
+    const double corner = 3.0 * line_;
+    QPainterPath outline;
+    outline.addRoundedRect(box, corner, corner);
+    painter.fillPath(outline, palette().base());
+
+    const QRectF button(box.right() - box.height(), box.top(), box.height(), box.height());
+    painter.save();
+    painter.setClipPath(outline);
+    draw_arrow_button(painter, button, Arrow::Down);
+    painter.restore();
+    painter.strokePath(outline, QPen(colours::kDeepBlue, line));
+
+    const int margin = 4 * line_;
+    const QRect text = rect().adjusted(margin, 0, -static_cast<int>(button.width()) - margin, 0);
+    painter.setPen(palette().color(QPalette::Text));
+    painter.drawText(text, static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter) | Qt::TextSingleLine,
+                     fontMetrics().elidedText(shown_, Qt::ElideRight, text.width()));
+}
+
+// A wheel that turns by chance must not choose another pupil.
+void ComboField::wheelEvent(QWheelEvent* event) { event->ignore(); }
+
+}  // namespace marrowfen

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QComboBox>
+#include <string>
+#include <vector>
+
+#include "platform/forms/controls.h"
+#include "platform/qt/field.h"
+
+namespace marrowfen {
+
+/// A drop-down list whose box shows what the control says, be it in the list or not.
+class ComboField final : public QComboBox, public Field {
+public:
+    ComboField(Desktop& desktop, ComboBox& combo, QWidget* parent);
+    [[nodiscard]] QWidget& widget() override { return *this; }
+    void refresh() override;
+    void resize_to(const Scale& scale, const Typefaces& faces) override;
+    void forget() override { combo_ = nullptr; }
+
+    void showPopup() override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+
+private:
+    ComboBox* combo_;
+    std::vector<std::string> entries_;  // as they are in the list
+    QString shown_;
+    int line_ = 1;
+};
+
+}  // namespace marrowfen

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QFont>
+#include <QRect>
+#include <QString>
+#include <QtCore/qnamespace.h>
+
+class QPainter;
+
+namespace marrowfen {
+
+/// Draws a text that wraps at the width of `bounds`, in `font` or as much smaller as it must be to fit; below
+/// `smallest` pixels it is shortened instead.
+void draw_wrapped(QPainter& painter, const QRect& bounds, Qt::Alignment align, const QString& text, const QFont& font,
+                  int smallest);
+
+/// The same on one line, in the middle of the height. A text that does not fit at `smallest` stands in full size and
+/// ends in an ellipsis.
+void draw_line(QPainter& painter, const QRect& bounds, Qt::Alignment align, const QString& text, const QFont& font,
+               int smallest);
+
+}  // namespace marrowfen

@@ -1,0 +1,159 @@
+#include "platform/qt/form_painter.h"
+
+#include <QPainter>
+#include <QPainterPath>
+#include <cmath>
+#include <numbers>
+
+#include "platform/qt/fitted_text.h"
+#include "platform/qt/house_style.h"
+
+namespace marrowfen {
+
+namespace {
+
+Qt::Alignment qt_alignment(Align align) { return align == Align::Centre ? Qt::AlignHCenter : Qt::AlignLeft; }
+
+// A rectangle whose line lies wholly inside.
+QRectF inside(const QRect& bounds, double line) {
+    return QRectF(bounds).adjusted(line / 2, line / 2, -line / 2, -line / 2);
+}
+
+QPen line(const QColor& colour, double width) { return {colour, width, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin}; }
+
+double degrees(float radians) { return static_cast<double>(std::abs(radians)) * 180 / std::numbers::pi; }
+
+double turn(double from, double to) {
+    const double span = std::fmod(to - from, 360.0);
+    return span < 0 ? span + 360 : span;
+}
+
+double turn(const Disc::Sector& sector) { return turn(degrees(sector.start), degrees(sector.end)); }
+
+// A stopwatch draws its growing hand anew each second: only the last one needs paint.
+bool hides(const Disc& upper, const Disc& lower) {
+    if (upper.centre != lower.centre || upper.radius != lower.radius || upper.outline != lower.outline) return false;
+    if (!upper.sector || !lower.sector) return !upper.sector;
+    const double from = turn(degrees(upper.sector->start), degrees(lower.sector->start));
+    return from + turn(*lower.sector) <= turn(*upper.sector);
+}
+
+}  // namespace
+
+QRect with_overhang(const QRect& bounds, const Scale& scale) {
+    constexpr double kMost = 4;
+    const int over = scale.device_pixels(kMost);
+    return bounds.adjusted(-over, -over, over, over);
+}
+
+QRect FormPainter::on_screen(const Rect& on_form) const {
+    return scale_.device({form_.Left + on_form.left, form_.Top + on_form.top, on_form.width, on_form.height});
+}
+
+void FormPainter::paint(QPainter& painter, const QRegion& dirty) {
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QRect whole = scale_.device(form_.bounds());
+    painter.fillRect(whole, to_qt(form_.design().back));
+    if (form_.design().border == Border::Thin) {
+        const int width = scale_.device_pixels(1);
+        painter.setPen(line(colours::kInk, width));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRect(inside(whole, width));
+    }
+    for (const Control* control : form_.controls()) {
+        const QRect bounds = on_screen(control->bounds());
+        if (control->Visible && dirty.intersects(scale_.widget(with_overhang(bounds, scale_)))) {
+            paint(painter, *control, bounds);
+        }
+    }
+    if (!form_.drawn().empty()) paint_discs(painter);
+}
+
+void FormPainter::paint(QPainter& painter, const Control& control, const QRect& bounds) {
+    if (const auto* label = dynamic_cast<const Label*>(&control)) {
+        paint_label(painter, *label, bounds);
+    } else if (const auto* image = dynamic_cast<const Image*>(&control)) {
+        paint_picture(painter, control, image->Picture, image->stretch, bounds);
+    } else if (const auto* box = dynamic_cast<const PictureBox*>(&control)) {
+        if (box->back) painter.fillRect(bounds, to_qt(*box->back));
+        paint_picture(painter, control, box->Picture, Stretch::Yes, bounds);
+    } else if (const auto* shape = dynamic_cast<const Shape*>(&control)) {
+        paint_shape(painter, *shape, bounds);
+    } else if (const auto* text = dynamic_cast<const TextBox*>(&control)) {
+        if (text->mode == TextBox::Mode::ReadOnly) paint_text_box(painter, *text, bounds);
+    }
+}
+
+void FormPainter::paint_label(QPainter& painter, const Label& label, const QRect& bounds) const {
+    if (label.back) painter.fillRect(bounds, to_qt(*label.back));
+    painter.setPen(to_qt(label.ForeColor));
+    const QFont font = faces_.caption(label.font, scale_.device_pixels(design_pixels(label.font.points)));
+    draw_wrapped(painter, bounds, qt_alignment(label.align) | Qt::AlignTop, QString::fromStdString(label.Caption), font,
+                 smallest_text());
+}
+
+void FormPainter::paint_text_box(QPainter& painter, const TextBox& box, const QRect& bounds) const {
+    const TextBox::Style& style = box.style;
+    painter.fillRect(bounds, to_qt(style.back));
+    const int width = scale_.device_pixels(1);
+    if (style.framed) {
+        const QRectF frame = inside(bounds, width);
+        const QColor back = to_qt(style.back);
+        painter.setPen(line(back.darker(115), width));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRect(frame);
+        painter.setPen(line(back.darker(190), width));
+        painter.drawPolyline(QPolygonF{frame.bottomLeft(), frame.topLeft(), frame.topRight()});
+    }
+    const int margin = style.framed ? 3 * width : width;
+    const QFont font = faces_.caption(style.font, scale_.device_pixels(design_pixels(style.font.points)));
+    painter.setPen(to_qt(box.ForeColor));
+    // A little too long is better read a little smaller; far too long is shortened.
+    draw_line(painter, bounds.adjusted(margin, 0, -margin, 0), Qt::AlignLeft, QString::fromStdString(box.Text), font,
+              std::max(smallest_text(), font.pixelSize() * 9 / 10));
+}
+
+void FormPainter::paint_shape(QPainter& painter, const Shape& shape, const QRect& bounds) const {
+    const Shape::Style& style = shape.style;
+    const int width = style.outline ? scale_.device_pixels(style.outline_pixels) : 0;
+    painter.setPen(style.outline ? line(to_qt(*style.outline), width) : QPen(Qt::NoPen));
+    painter.setBrush(style.fill ? QBrush(to_qt(*style.fill)) : QBrush(Qt::NoBrush));
+    const double corner = scale_.device(style.corner);
+    if (corner > 0) {
+        painter.drawRoundedRect(inside(bounds, width), corner, corner);
+    } else {
+        painter.drawRect(inside(bounds, width));
+    }
+}
+
+void FormPainter::paint_picture(QPainter& painter, const Control& control, const Picture& picture, Stretch stretch,
+                                const QRect& bounds) {
+    Kept& kept = kept_[&control];
+    if (kept.picture != picture || kept.bounds != bounds.size()) {
+        kept = {picture, bounds.size(), pictures_.render(picture, stretch, bounds.size(), scale_)};
+    }
+    if (!kept.pixmap.isNull()) painter.drawPixmap(bounds.topLeft(), kept.pixmap);
+}
+
+void FormPainter::paint_discs(QPainter& painter) const {
+    const std::vector<Disc>& discs = form_.drawn();
+    for (std::size_t i = 0; i < discs.size(); ++i) {
+        const Disc& disc = discs[i];
+        if (i + 1 < discs.size() && hides(discs[i + 1], disc)) continue;
+        painter.setPen(line(to_qt(disc.outline), scale_.device_pixels(1)));
+        painter.setBrush(to_qt(disc.fill));
+        const double radius = scale_.device(disc.radius);
+        const QPointF centre(scale_.device(form_.Left + disc.centre.x), scale_.device(form_.Top + disc.centre.y));
+        if (!disc.sector) {
+            painter.drawEllipse(centre, radius, radius);
+            continue;
+        }
+        QPainterPath sector(centre);
+        sector.arcTo(QRectF(centre.x() - radius, centre.y() - radius, 2 * radius, 2 * radius),
+                     degrees(disc.sector->start), turn(*disc.sector));
+        sector.closeSubpath();
+        painter.drawPath(sector);
+    }
+}
+
+}  // namespace marrowfen

@@ -1,0 +1,65 @@
+#include "platform/qt/house_style.h"
+
+#include <QPainter>
+#include <QStyleOption>
+#include <algorithm>
+
+namespace marrowfen {
+
+QPalette field_palette(Colour text, Colour base) {
+    QPalette palette;
+    palette.setColor(QPalette::Text, to_qt(text));
+    palette.setColor(QPalette::WindowText, colours::kInk);
+    palette.setColor(QPalette::Base, to_qt(base));
+    palette.setColor(QPalette::Window, to_qt(base));
+    palette.setColor(QPalette::Button, colours::kSky);
+    palette.setColor(QPalette::Highlight, colours::kDeepBlue);
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    return palette;
+}
+
+void draw_arrow_button(QPainter& painter, const QRectF& button, Arrow arrow) {
+    painter.fillRect(button, colours::kDeepBlue);
+    const double size = std::min(button.width(), button.height());
+    const double half = arrow == Arrow::Down ? size / 5 : -size / 5;
+    const QPointF tip = button.center() + QPointF(0, half / 2);
+    painter.setPen(QPen(Qt::white, size / 14, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.drawPolyline(QPolygonF{tip + QPointF(-half, -half), tip, tip + QPointF(half, -half)});
+}
+
+HouseStyle::HouseStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+int HouseStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
+    switch (metric) {
+        case PM_ScrollBarExtent: return scroll_bar_width_;
+        case PM_ScrollBarSliderMin: return 2 * scroll_bar_width_;
+        default: return QProxyStyle::pixelMetric(metric, option, widget);
+    }
+}
+
+void HouseStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                                    const QWidget* widget) const {
+    const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
+    if (control != CC_ScrollBar || bar == nullptr) {
+        QProxyStyle::drawComplexControl(control, option, painter, widget);
+        return;
+    }
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->fillRect(bar->rect, colours::kPaleSky);
+    draw_arrow_button(*painter, subControlRect(control, bar, SC_ScrollBarSubLine, widget), Arrow::Up);
+    draw_arrow_button(*painter, subControlRect(control, bar, SC_ScrollBarAddLine, widget), Arrow::Down);
+    const double margin = scroll_bar_width_ / 8.0;
+    const QRectF slider = subControlRect(control, bar, SC_ScrollBarSlider, widget);
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(colours::kDeepBlue);
+    painter->drawRoundedRect(slider.adjusted(margin, margin, -margin, -margin), margin, margin);
+    painter->restore();
+}
+
+int HouseStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                          QStyleHintReturn* returned) const {
+    return hint == SH_ComboBox_Popup ? 0 : QProxyStyle::styleHint(hint, option, widget, returned);
+}
+
+}  // namespace marrowfen

@@ -1,0 +1,103 @@
+#include "platform/qt/list_field.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QScopedValueRollback>
+#include <algorithm>
+
+#include "platform/forms/desktop.h"
+#include "platform/qt/house_style.h"
+
+namespace marrowfen {
+
+QSize RoomyRows::sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const {
+    return {1, option.fontMetrics.height() * 5 / 4};
+}
+
+void RoomyRows::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
+    QStyledItemDelegate::initStyleOption(option, index);
+    option->state.setFlag(QStyle::State_HasFocus, false);  // a frame round a row that is not selected only puzzles
+    option->state.setFlag(QStyle::State_MouseOver, false);
+}
+
+QStringList to_qt(const std::vector<std::string>& entries) {
+    QStringList list;
+    list.reserve(static_cast<qsizetype>(entries.size()));
+    for (const std::string& entry : entries) list.append(QString::fromStdString(entry));
+    return list;
+}
+
+ListField::ListField(Desktop& desktop, ListBox& list, QWidget* parent)
+    : QListView(parent), desktop_(desktop), list_(&list) {
+    setModel(&model_);
+    setItemDelegate(new RoomyRows(this));
+    setUniformItemSizes(true);
+    setEditTriggers(NoEditTriggers);
+    setSelectionMode(SingleSelection);
+    setTextElideMode(Qt::ElideRight);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setFrameStyle(static_cast<int>(QFrame::Box) | static_cast<int>(QFrame::Plain));
+    setCursor(Qt::ArrowCursor);
+    setPalette(field_palette(list.style.fore, list.style.back));
+}
+
+QModelIndex ListField::selected_row() const {
+    const QModelIndexList rows = selectionModel()->selectedIndexes();
+    return rows.isEmpty() ? QModelIndex() : rows.first();
+}
+
+void ListField::refresh() {
+    const QScopedValueRollback quiet(refreshing_, true);
+    if (entries_ != list_->entries()) {
+        entries_ = list_->entries();
+        model_.setStringList(to_qt(entries_));
+    }
+    if (!list_->selected()) {
+        clearSelection();
+    } else if (const int row = static_cast<int>(*list_->selected()); selected_row().row() != row) {
+        setCurrentIndex(model_.index(row));
+    }
+}
+
+void ListField::resize_to(const Scale& scale, const Typefaces& faces) {
+    setFont(faces.caption(list_->style.font, scale.widget_pixels(design_pixels(list_->style.font.points))));
+    setLineWidth(scale.widget_pixels(1));
+}
+
+void ListField::mousePressEvent(QMouseEvent* event) {
+    pressed_row_ = indexAt(event->position().toPoint()).row();
+    QListView::mousePressEvent(event);
+}
+
+// The second press counts only if the first one was in the same place: it may have been on a form that has gone since.
+void ListField::mouseDoubleClickEvent(QMouseEvent* event) {
+    const int row = indexAt(event->position().toPoint()).row();
+    const bool is_second = pressed_row_ == row;
+    pressed_row_.reset();
+    QListView::mouseDoubleClickEvent(event);
+    if (is_second && list_ != nullptr) desktop_.double_clicked(*list_);
+}
+
+void ListField::keyPressEvent(QKeyEvent* event) {
+    const int key = event->key();
+    const bool moves = key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_Home || key == Qt::Key_PageDown;
+    if (moves && !selected_row().isValid() && model_.rowCount() > 0) {
+        setCurrentIndex(model_.index(0));
+    } else {
+        QListView::keyPressEvent(event);
+    }
+}
+
+void ListField::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
+    QListView::selectionChanged(selected, deselected);
+    const QModelIndex row = selected_row();
+    if (refreshing_ || list_ == nullptr || !row.isValid()) return;
+    desktop_.selected(*list_, static_cast<std::size_t>(row.row()));
+}
+
+// Nothing that a hand does clears the selection again, neither Ctrl nor a press below the last row.
+QItemSelectionModel::SelectionFlags ListField::selectionCommand(const QModelIndex& index, const QEvent*) const {
+    return index.isValid() ? QItemSelectionModel::ClearAndSelect : QItemSelectionModel::NoUpdate;
+}
+
+}  // namespace marrowfen

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QListView>
+#include <QStringListModel>
+#include <QStyledItemDelegate>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/forms/controls.h"
+#include "platform/qt/field.h"
+
+namespace marrowfen {
+
+/// Rows with some air. A row is as wide as its list: what does not fit ends in an ellipsis.
+class RoomyRows final : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
+};
+
+[[nodiscard]] QStringList to_qt(const std::vector<std::string>& entries);
+
+class ListField final : public QListView, public Field {
+public:
+    ListField(Desktop& desktop, ListBox& list, QWidget* parent);
+    [[nodiscard]] QWidget& widget() override { return *this; }
+    void refresh() override;
+    void resize_to(const Scale& scale, const Typefaces& faces) override;
+    void forget() override { list_ = nullptr; }
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
+    [[nodiscard]] QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
+                                                                       const QEvent* event) const override;
+
+private:
+    [[nodiscard]] QModelIndex selected_row() const;
+
+    Desktop& desktop_;
+    ListBox* list_;
+    std::vector<std::string> entries_;  // as they are in the model
+    QStringListModel model_;
+    bool refreshing_ = false;
+    std::optional<int> pressed_row_;  // -1: below the last one
+};
+
+}  // namespace marrowfen

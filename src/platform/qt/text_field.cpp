@@ -1,0 +1,32 @@
+#include "platform/qt/text_field.h"
+
+#include <algorithm>
+
+#include "platform/forms/desktop.h"
+#include "platform/qt/house_style.h"
+
+namespace marrowfen {
+
+TextField::TextField(Desktop& desktop, TextBox& box, QWidget* parent) : QLineEdit(parent), box_(&box) {
+    constexpr std::size_t kMostOfQt = 32767;
+    setMaxLength(static_cast<int>(std::min(box.max_length, kMostOfQt)));
+    setFrame(box.style.framed);
+    setContextMenuPolicy(Qt::NoContextMenu);
+    setAcceptDrops(false);
+    connect(this, &QLineEdit::textEdited, this, [this, &desktop](const QString& edited) {
+        if (box_ != nullptr) desktop.text_edited(*box_, edited.toStdString());
+    });
+}
+
+void TextField::refresh() {
+    const QString shown = QString::fromStdString(box_->Text);
+    if (text() != shown) setText(shown);
+    const QPalette wanted = field_palette(box_->ForeColor, box_->style.back);
+    if (palette() != wanted) setPalette(wanted);
+}
+
+void TextField::resize_to(const Scale& scale, const Typefaces& faces) {
+    setFont(faces.caption(box_->style.font, scale.widget_pixels(design_pixels(box_->style.font.points))));
+}
+
+}  // namespace marrowfen

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QWidget>
+#include <functional>
+
+namespace marrowfen {
+
+/// The one window of the program. What happens in it is the forms' business; this one only tells that it has another
+/// size, or that somebody wants to close it.
+class Window final : public QWidget {
+public:
+    Window();
+    void fill_screen();
+
+    std::function<void()> on_resized;
+    std::function<bool()> on_close;  ///< whether it may close
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
+
+private:
+    void follow_screen();
+    QMetaObject::Connection following_;
+};
+
+}  // namespace marrowfen
