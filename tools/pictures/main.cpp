@@ -1,0 +1,110 @@
+// Makes every picture that the games ask for:
+// make_pictures LIST_FILE THINGS_TSV ARTWORK_FOLDER ANDIKA_TTF OUT_FOLDER
+
+#include <QImage>
+#include <QPainter>
+#include <exception>
+#include <filesystem>
+#include <iostream>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "bitmap_file.h"
+#include "disk.h"
+#include "drawings.h"
+#include "failure.h"
+#include "ink.h"
+#include "key_cap.h"
+#include "lettering.h"
+#include "offscreen.h"
+#include "picture_list.h"
+
+namespace marrowfen {
+namespace {
+
+namespace fs = std::filesystem;
+
+// Pixels of the file for each design pixel: crisp on the screens that schools have, small on the disk.
+constexpr int kKeyScale = 3;
+constexpr int kCardScale = 2;
+constexpr QSize kCardSize{119, 113};
+// Drawings are made for a whole key and keep a margin; five sixths of it fits the top of a cap.
+constexpr QSize kDrawingOnCap{110, 100};
+
+class Studio {
+public:
+    Studio(const fs::path& artwork, const fs::path& typeface)
+        : lettering_(typeface),
+          things_(artwork / "keys", kDrawingOnCap),
+          cards_(artwork / "cards", kCardSize * kCardScale) {}
+
+    /// The bytes of the picture's file.
+    std::string make(const Picture& picture) {
+        if (const auto* card = std::get_if<CardPicture>(&picture.content)) {
+            return encode_bitmap(cards_.image(card->thing.name), kCardScale);
+        }
+        return encode_bitmap(key(std::get<KeyPicture>(picture.content)), kKeyScale);
+    }
+
+private:
+    QImage key(const KeyPicture& picture) {
+        QImage image((kCapSize * kKeyScale).toSize(), QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::transparent);
+        QPainter painter(&image);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.scale(kKeyScale, kKeyScale);
+        draw_key_cap(painter, picture.cap);
+        if (const auto* letter = std::get_if<Letter>(&picture.subject)) {
+            painter.fillPath(lettering_.outline(letter->character), kInk);
+        } else {
+            painter.resetTransform();  // the drawing has the size of the file's pixels: no second sampling
+            QRect place({}, kDrawingOnCap);
+            place.moveCenter((kCapTop.center() * kKeyScale).toPoint());
+            painter.drawImage(place, things_.image(std::get<Thing>(picture.subject).name));
+        }
+        return image;
+    }
+
+    Lettering lettering_;
+    Drawings things_, cards_;
+};
+
+void check(const fs::path& file) {
+    const std::string bytes = read_bytes(file, "The picture");
+    if (QImage::fromData(QByteArray::fromStdString(bytes), "BMP").isNull()) {
+        throw Failure("The picture " + file.string() + " was written, but can't be read as a picture.");
+    }
+}
+
+int run(const std::vector<fs::path>& arguments) {
+    if (arguments.size() != 5) {
+        std::cerr << "Usage: make_pictures LIST_FILE THINGS_TSV ARTWORK_FOLDER ANDIKA_TTF OUT_FOLDER\n";
+        return 1;
+    }
+    try {
+        const std::vector<Picture> pictures = read_picture_list(arguments[0], read_things(arguments[1]));
+        const fs::path& out = arguments[4];
+        Studio studio(arguments[2], arguments[3]);
+        std::vector<std::string> files;  // all are made before the folder is touched
+        for (const Picture& picture : pictures) files.push_back(studio.make(picture));
+
+        std::set<std::string> names;
+        for (const Picture& picture : pictures) names.insert(picture.file);
+        remove_other_pictures(out, names);
+        for (std::size_t i = 0; i < pictures.size(); ++i) write_if_changed(out / pictures[i].file, files[i]);
+        for (const Picture& picture : pictures) check(out / picture.file);
+        return 0;
+    } catch (const std::exception& failure) {
+        std::cerr << failure.what() << '\n';
+        return 1;
+    }
+}
+
+}  // namespace
+}  // namespace marrowfen
+
+int main(int argc, char* argv[]) {
+    const marrowfen::Offscreen toolkit(argv[0]);
+    return marrowfen::run({argv + 1, argv + argc});
+}
