@@ -1,0 +1,132 @@
+#!/usr/bin/env bash
+# Plays the real program on a virtual screen of 1024 x 768 with real key and mouse events, and reads what it kept.
+# Usage: play.sh PROGRAM_FOLDER SCENE, with a scene of those at the end of this file.
+#
+# Nobody here can see the letters, so a game is played as a very young child would: everything is tried until
+# something fits. A wrong try changes nothing.
+set -euo pipefail
+program=$1 scene=$2
+here=$(mktemp -d)
+trap 'kill ${marrowfen:-} ${xvfb:-} 2>/dev/null || true; rm -rf "$here"' EXIT
+
+fail() { echo "FAILED: $*" >&2; exit 1; }
+
+# A program folder of our own, so that nobody's pupils are touched.
+cp -r "$program" "$here/program"
+sqlite3 "$here/program/data.mdb" "DELETE FROM Pupils; DELETE FROM Hall_of_Fame"
+kept() { sqlite3 "$here/program/data.mdb" "$1"; }
+
+mkfifo "$here/display"
+Xvfb -displayfd 7 -screen 0 1024x768x24 -nolisten tcp 7>"$here/display" 2>/dev/null &
+xvfb=$!
+read -r number <"$here/display"
+export DISPLAY=":$number" SDL_AUDIODRIVER=dummy
+"$here/program/marrowfen" &
+marrowfen=$!
+
+# until_true SECONDS COMMAND...: asks again and again until the command succeeds.
+until_true() {
+    local until=$((SECONDS + $1))
+    shift
+    until "$@"; do
+        [ $SECONDS -lt $until ] || return 1
+        xdotool sleep 0.05
+    done
+}
+window_is_there() { xdotool search --onlyvisible --name '^Marrowfen$' >/dev/null 2>&1; }
+until_true 20 window_is_there || fail "no window came up"
+xdotool sleep 0.5
+
+click() { xdotool mousemove "$1" "$2" mousedown 1 mouseup 1 sleep "${3:-0.2}"; }
+gone() { ! kill -0 "$marrowfen" 2>/dev/null; }
+
+# The middles of the controls, in pixels, as the forms' tables have them.
+new_player() { click 650 450; }
+next_button() { click 621 442; }
+first_names_pupil() {
+    new_player
+    xdotool type --delay 20 "$1"
+    next_button
+    [ "$(kept "SELECT count(*) FROM Pupils")" = 1 ] || fail "the pupil was not kept"
+}
+# pick GAME_NUMBER: by keyboard, as the entries lie in the order of their numbers.
+pick() {
+    xdotool key Home
+    for _ in $(seq 2 "$1"); do xdotool key Down; done
+    xdotool key Return sleep 0.4
+}
+game_number() { kept "SELECT GameNumber FROM Templates WHERE Template_ID=$1"; }
+blue_team() { click 706 339 0.5; }
+start_stopwatch() { click 168 177 0.3; }
+hall_of_fame_after_a_win() { click 512 510 0.3; }
+one_result() { [ "$(kept "SELECT count(*) FROM Hall_of_Fame")" = 1 ]; }
+
+# x y of each key of the board, by row.
+keys() {
+    local i
+    for i in 0 1 2 3 4 5 6 7 8 9; do echo "$((251 + 44 * i)) $((198 + 109))"; done
+    for i in 0 1 2 3 4 5 6 7 8 9; do echo "$((275 + 44 * i)) $((198 + 148))"; done
+    for i in 0 1 2 3 4 5 6 7 8; do echo "$((290 + 44 * i)) $((198 + 188))"; done
+    for i in 0 1 2 3 4 5 6; do echo "$((309 + 44 * i + (i > 1 ? 1 : 0)))" "$((198 + 228))"; done
+}
+drag_first_tile_to_every_key() {
+    keys | while read -r x y; do
+        echo "mousemove 177 543 mousedown 1 mousemove $((x - 3)) $((y - 3)) mousemove $x $y mouseup 1"
+    done | xdotool -
+}
+click_every_key() { keys | while read -r x y; do echo "mousemove $x $y mousedown 1 mouseup 1"; done | xdotool -; }
+type_every_letter() { xdotool type --delay 8 abcdefghijklmnopqrstuvwxyz; }
+
+# until_won TRY: tries until the result form takes the press on its button.
+until_won() {
+    local round
+    for round in $(seq 40); do
+        "$1"
+        hall_of_fame_after_a_win
+        one_result && return
+        gone && fail "the program ended in the middle of a game"
+    done
+    fail "the game was not won in $round rounds"
+}
+expect_result() {
+    local got
+    got=$(kept "SELECT Pupil_id, GameID, TimeLimit, $1 FROM Hall_of_Fame")
+    [ "$got" = "$2" ] || fail "the result kept is '$got', not '$2'"
+}
+leave_from_hall_of_fame() {
+    click 520 635 0
+    until_true 5 gone || fail "Exit did not end the program"
+    wait "$marrowfen" || fail "the program ended with status $?"
+}
+points_fit_time="Points = (240 - (substr(TimeTaken, 1, 1) * 60 + substr(TimeTaken, 3))) * 100 / 240"
+
+play_board_game() {  # TEMPLATE_ID TRY
+    first_names_pupil "Zoe O'Neill"
+    pick "$(game_number "$1")"
+    blue_team
+    start_stopwatch
+    until_won "$2"
+    local pupil
+    pupil=$(kept "SELECT Pupil_ID FROM Pupils WHERE PupilName='Zoe O''Neill'")
+    expect_result "$points_fit_time" "$pupil|$1|240|1"
+    leave_from_hall_of_fame
+}
+
+case $scene in
+    tiles_by_mouse) play_board_game 7 drag_first_tile_to_every_key ;;
+    word_game_by_keyboard) play_board_game 26 type_every_letter ;;
+    word_game_by_mouse) play_board_game 26 click_every_key ;;
+    typing_test)
+        first_names_pupil "Ann"
+        pick "$(game_number 27)"
+        xdotool type --delay 60 "the quick brown fox jumps over the lazy dog"
+        xdotool sleep 0.5
+        hall_of_fame_after_a_win
+        one_result || fail "the typing test left no result"
+        expect_result "Points BETWEEN 1 AND 30, TimeTaken = printf('0:%02d', Points)" \
+            "$(kept "SELECT Pupil_ID FROM Pupils")|27|0|1|1"
+        leave_from_hall_of_fame
+        ;;
+    *) fail "there is no scene $scene" ;;
+esac
+echo "passed: $scene"
