@@ -1,0 +1,69 @@
+#include "picture_list.h"
+
+#include <array>
+#include <map>
+
+#include "board/key_table.h"
+#include "platform/sqlite/folding.h"
+
+namespace marrowfen {
+
+namespace {
+
+constexpr std::array kCards{"apple",  "ball", "cat",      "dog",    "egg",   "fish",   "gate", "horse", "igloo",
+                            "jigsaw", "key",  "lion",     "mouse",  "nail",  "orange", "pig",  "queen", "rabbit",
+                            "sun",    "tree", "umbrella", "violin", "watch", "xray",   "yoyo", "zebra"};
+
+// Faces of keys have the extension in capitals, tiles and cards in small letters.
+constexpr const char* kFace = ".BMP";
+constexpr const char* kTile = ".bmp";
+
+class PictureList {
+public:
+    void add(const std::string& folder, const std::string& name, const char* extension) {
+        const std::string spelled = folders_.try_emplace(folded(folder), folder).first->second;
+        const std::string file = spelled + "/" + name + extension;
+        if (seen_.try_emplace(folded(file), file).second) files_.push_back(file);
+    }
+
+    /// One for each of the 36 keys, also where a game asks for one hand alone.
+    void add_keys(const std::string& folder, const char* extension) {
+        for (const KeyPlace& key : kKeyPlaces) add(folder, std::string(1, key.tag), extension);
+    }
+
+    [[nodiscard]] std::vector<std::string> take() { return std::move(files_); }
+
+private:
+    std::map<std::string, std::string> folders_;
+    std::map<std::string, std::string> seen_;
+    std::vector<std::string> files_;
+};
+
+void add_faces(PictureList& list, const GameLook& look) {
+    if (!look.shows_faces) return;
+    if (look.shows_pictures && !look.splits_hands) {
+        for (const std::string& picture : look.key_pictures) list.add("Simple/Back/Pictures", picture, kFace);
+        return;
+    }
+    list.add_keys("Simple/Back/" + look.faces, kFace);
+    if (look.splits_hands) list.add_keys("Simple/RightHand/" + look.faces, kFace);
+}
+
+}  // namespace
+
+std::vector<std::string> pictures_for(const Content& content) {
+    PictureList list;
+    for (const char* letters : {"Upper", "Lower"}) {
+        list.add_keys(std::string("Simple/") + letters, kTile);       // the letter tried, the letter found
+        list.add_keys(std::string("Simple/Back/") + letters, kFace);  // the typing tests
+    }
+    for (const char* card : kCards) list.add("Simple/Back/Pictures/Flash", card, kTile);
+    for (const GameLook& look : content.looks) {
+        add_faces(list, look);
+        list.add_keys("Simple/" + look.tiles, kTile);
+        if (look.splits_hands) list.add_keys("Simple/Back/RightHand/" + look.tiles, kTile);
+    }
+    return list.take();
+}
+
+}  // namespace marrowfen
