@@ -1,0 +1,47 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "platform/sqlite/connection.h"
+#include "platform/sqlite/query_text.h"
+
+namespace marrowfen {
+
+struct Row {
+    std::int64_t rowid = 0;  ///< 0 in a saved query
+    std::vector<Value> values;
+};
+
+/// The rows of a source that fit a criterion, numbered from 0 in the source's order. They come into memory in portions
+/// that double, and what has come stays. The next portion goes on by number, so that nothing is locked between two:
+/// when another computer adds or removes an earlier row just then, a row can be missed or come twice.
+class FittingRows {
+public:
+    FittingRows(std::shared_ptr<Connection> connection, const Source& source, Wanted wanted);
+
+    [[nodiscard]] const Wanted& wanted() const { return wanted_; }
+    [[nodiscard]] const std::optional<StoreFailure>& failure() const { return failure_; }
+
+    void read_up_to(std::int64_t number);                      ///< brings this row into memory, if there is one
+    [[nodiscard]] const Row* find(std::int64_t number) const;  ///< nullptr: not in memory
+    [[nodiscard]] std::int64_t count_in_memory() const { return static_cast<std::int64_t>(rows_.size()); }
+
+    /// How many rows that fit `other` stand up to row `number` of these and on it; all of them when it isn't there.
+    /// This walks the source from its first row, so it is for the rare change from one search to another.
+    [[nodiscard]] std::int64_t count_of_others_up_to(std::int64_t number, const Wanted& other);
+
+private:
+    void read_portion();
+
+    std::shared_ptr<Connection> connection_;
+    const Source* source_;
+    Wanted wanted_;
+    std::vector<Row> rows_;
+    bool complete_ = false;
+    std::optional<StoreFailure> failure_;
+};
+
+}  // namespace marrowfen

@@ -1,0 +1,44 @@
+#include "platform/sqlite/sqlite_store.h"
+
+#include "platform/sqlite/schema.h"
+#include "platform/sqlite/sqlite_row_set.h"
+#include "platform/sqlite/store_check.h"
+
+namespace marrowfen {
+
+namespace {
+
+class SqliteStore final : public Store {
+public:
+    explicit SqliteStore(std::shared_ptr<Connection> connection) : connection_(std::move(connection)) {}
+
+    [[nodiscard]] std::unique_ptr<RowSet> open(std::string_view table_or_query) override {
+        static const Source kUnknown;
+        const Source* source = find_source(table_or_query);
+        return std::make_unique<SqliteRowSet>(connection_, source ? *source : kUnknown);
+    }
+
+private:
+    std::shared_ptr<Connection> connection_;
+};
+
+}  // namespace
+
+SqliteStoreEngine::SqliteStoreEngine(const Files& files, std::chrono::milliseconds patience)
+    : files_(files), patience_(patience) {}
+
+OpenedStore SqliteStoreEngine::open(std::string_view path) {
+    const auto file = files_.find(path);
+    if (!file) return {nullptr, {"there is no such file"}};
+    if (auto failure = check_place(*file)) return {nullptr, *failure};
+    auto connection = std::make_shared<Connection>(*file, Connection::Mode::Existing, patience_);
+    auto failure = connection->open_failure();
+    if (!failure && connection->read_only()) failure = {"the file is read-only"};
+    if (!failure) failure = check_identity(*connection);
+    if (!failure) failure = connection->prepare_to_write();
+    if (!failure) failure = check_tables(*connection);
+    if (failure) return {nullptr, *failure};
+    return {std::make_unique<SqliteStore>(std::move(connection)), {}};
+}
+
+}  // namespace marrowfen

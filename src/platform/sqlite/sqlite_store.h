@@ -1,0 +1,27 @@
+#pragma once
+
+#include <chrono>
+
+#include "platform/files.h"
+#include "platform/store.h"
+
+namespace marrowfen {
+
+/// The store is a SQLite file, which several computers may have open on a shared folder.
+class SqliteStoreEngine final : public StoreEngine {
+public:
+    /// A write elsewhere is over in a fraction of a second, and much longer than this would look like a program that
+    /// has stopped.
+    static constexpr std::chrono::seconds kPatience{5};
+
+    /// `patience`: how long one operation waits for another computer that is writing.
+    explicit SqliteStoreEngine(const Files& files, std::chrono::milliseconds patience = kPatience);
+
+    [[nodiscard]] OpenedStore open(std::string_view path) override;
+
+private:
+    const Files& files_;
+    std::chrono::milliseconds patience_;
+};
+
+}  // namespace marrowfen
