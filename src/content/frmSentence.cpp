@@ -47,6 +47,8 @@ void frmSentence::load() {
     state.ContentTable = game->content_table;
     const State::Whole count = count_sentences();
     if (count == 0 || show_sentence(static_cast<State::Whole>(program_.ports.random.draw(count))) == 0) {
+        wordtype.Text = Sentence.Text = "";
+        state.TargetText.clear();
         program_.tell("There are no sentences for this game. Please choose another one.");
     }
 }

@@ -1,5 +1,6 @@
 #include "content/frmWord.h"
 
+#include <algorithm>
 #include <vector>
 
 #include "core/game_table.h"
@@ -65,7 +66,7 @@ bool frmWord::draw_word() {
         // that the group always holds more than is asked for.
         int highest = program_.ports.random.draw(count);
         if (count - highest < 2) highest -= 2;
-        const int drawn = highest < 1 ? 1 : program_.ports.random.draw(highest);
+        const int drawn = program_.ports.random.draw(std::max(highest, 1));
         const Rhyme& rhyme = rhymes[static_cast<std::size_t>(drawn - 1)];
         theword.Caption = rhyme.word;
         end.Caption = rhyme.ending;

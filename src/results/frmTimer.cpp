@@ -33,7 +33,8 @@ void frmTimer::start() {
     stop1.bring_to_front();
     desktop().yield();
     auto* board = program_.forms.find<frmSimpleKeyBoard>();
-    if (!desktop().is_loaded(*this) || board == nullptr) return;
+    // A second press may have come in meanwhile: the clock starts only once.
+    if (!desktop().is_loaded(*this) || board == nullptr || KeyTimer.enabled()) return;
     program_.state.GameRunning = true;
     board->enable_play();
     draw({.centre = {Width / 2, kDialTop}, .radius = kDialRadius, .sector = {}, .outline = kWhite, .fill = FillColor});

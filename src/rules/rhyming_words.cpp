@@ -21,34 +21,36 @@ void RhymingWords::judge(const Answer& answer) {
     const Manner& manner = answer.by == By::Typing ? kTyped : kClicked;
     State& state = program_.state;
     auto* card = program_.forms.find<frmWord>();
-    if (card == nullptr) return;
+    if (card == nullptr || state.RhymesLeft == 0) return;  // no word could be drawn
     card->Image1.Visible = true;
     card->Image1.Picture = Picture::file(program_.path("\\KeyPictures\\Simple\\Upper\\") + answer.letter + ".bmp");
     state.TypedText = in_capitals(answer.letter) + card->end.Caption.get();
-    const auto right = is_right(answer, manner);
-    if (!right || (*right && !accept(answer, manner)) || state.RhymesLeft != 0) return;
-    next_word(manner);
+    if (card->theword.Caption == state.TypedText) {
+        (void)cue_and_yield(manner.same_word_cue);
+        return;
+    }
+    const bool right = is_right(answer.letter);
+    if (right && state.RhymesLeft == 1 && state.WordCursor == kGroupsInAGame - 1) set_won();
+    if (manner.yields_after_lookup && !yield()) return;
+    if (!right) {
+        (void)cue_and_yield(manner.wrong_cue);
+        return;
+    }
+    if (accept(answer.letter, manner) && state.RhymesLeft == 0) next_word(manner);
 }
 
-std::optional<bool> RhymingWords::is_right(const Answer& answer, const Manner& manner) {
+bool RhymingWords::is_right(const std::string& letter) {
     const State& state = program_.state;
-    const auto wrong = [&](std::string_view cue) { return cue_and_yield(cue) ? std::optional(false) : std::nullopt; };
-
-    if (program_.forms.find<frmWord>()->theword.Caption == state.TypedText) return wrong(manner.same_word_cue);
-    const bool is_word = as_whole(program_.LookupWord(state.ContentTable, "ID", state.TypedText)) != 0;
-    if (manner.yields_after_lookup && !yield()) return std::nullopt;
-    if (!is_word) return wrong(manner.wrong_cue);
+    if (as_whole(program_.LookupWord(state.ContentTable, "ID", state.TypedText)) == 0) return false;
     const auto* found_end = state.WordsFound.begin() + state.FoundCount + 1;
-    if (std::find(state.WordsFound.begin(), found_end, answer.letter) != found_end) return wrong(manner.wrong_cue);
-    return true;
+    return std::find(state.WordsFound.begin(), found_end, letter) == found_end;
 }
 
-bool RhymingWords::accept(const Answer& answer, const Manner& manner) {
+bool RhymingWords::accept(const std::string& letter, const Manner& manner) {
     State& state = program_.state;
-    if (state.RhymesLeft == 1 && state.WordCursor == kGroupsInAGame - 1) set_won();
     if (!cue_and_yield(manner.right_cue)) return false;
     ++state.FoundCount;
-    state.WordsFound[static_cast<std::size_t>(state.FoundCount)] = answer.letter;
+    state.WordsFound[static_cast<std::size_t>(state.FoundCount)] = letter;
     if (auto* found = program_.forms.find<frmWordsUsed>()) {
         found->Wordsfound.Caption = found->Wordsfound.Caption.get() + "   " + state.TypedText;
     }

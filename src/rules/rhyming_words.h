@@ -14,9 +14,9 @@ private:
     struct Manner;
     static const Manner kTyped;
     static const Manner kClicked;
-    /// Whether the letter counts, which is told by a cue if not. Nothing: the game has gone meanwhile.
-    [[nodiscard]] std::optional<bool> is_right(const Answer& answer, const Manner& manner);
-    [[nodiscard]] bool accept(const Answer& answer, const Manner& manner);
+    /// Whether the letter and the ending make a word of the table for which it has not been given yet.
+    [[nodiscard]] bool is_right(const std::string& letter);
+    [[nodiscard]] bool accept(const std::string& letter, const Manner& manner);  ///< false: the game has gone meanwhile
     void next_word(const Manner& manner);
 };
 

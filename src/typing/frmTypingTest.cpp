@@ -41,7 +41,7 @@ frmTypingTest::frmTypingTest(Program& program)
 }
 
 void frmTypingTest::SetTest() {
-    for (std::size_t i = 0; i < kLetters; ++i) TestLetters[i] = kSentence.substr(i, 1);
+    for (std::size_t i = 0; i < kLetters; ++i) TestLetters[i].assign(1, kSentence[i]);
 }
 
 void frmTypingTest::load() {

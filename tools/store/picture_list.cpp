@@ -21,8 +21,7 @@ constexpr const char* kTile = ".bmp";
 class PictureList {
 public:
     void add(const std::string& folder, const std::string& name, const char* extension) {
-        const std::string spelled = folders_.try_emplace(folded(folder), folder).first->second;
-        const std::string file = spelled + "/" + name + extension;
+        const std::string file = spelling_of(folder) + "/" + name + extension;
         if (seen_.try_emplace(folded(file), file).second) files_.push_back(file);
     }
 
@@ -34,6 +33,14 @@ public:
     [[nodiscard]] std::vector<std::string> take() { return std::move(files_); }
 
 private:
+    /// That of its first mention, which holds for the folders above it as well.
+    std::string spelling_of(const std::string& folder) {
+        const auto slash = folder.rfind('/');
+        const std::string spelled =
+            slash == std::string::npos ? folder : spelling_of(folder.substr(0, slash)) + folder.substr(slash);
+        return folders_.try_emplace(folded(folder), spelled).first->second;
+    }
+
     std::map<std::string, std::string> folders_;
     std::map<std::string, std::string> seen_;
     std::vector<std::string> files_;

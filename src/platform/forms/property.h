@@ -27,10 +27,10 @@ public:
     Property& operator=(const Property& other) { return *this = other.value_; }
     ~Property() = default;
 
-    Property& operator=(T value) {
+    Property& operator=(const T& value) {
         if (value == value_) return *this;
         owner_.touched();
-        value_ = std::move(value);
+        value_ = value;
         owner_.touched();
         return *this;
     }

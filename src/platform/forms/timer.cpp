@@ -10,7 +10,7 @@ Timer::Timer(Form& form, std::chrono::milliseconds interval, std::function<void(
 }
 
 void Timer::enable() {
-    if (enabled_) return;
+    if (enabled_ || !form_.desktop().is_loaded(form_)) return;
     enabled_ = true;
     form_.desktop().timer_changed(*this);
 }

@@ -26,10 +26,7 @@ void HeadlessDisplay::resize(Size screen) {
     desktop_->screen_changed();
 }
 
-void HeadlessDisplay::closed(const Form& form) {
-    std::erase(repainted_, &form);
-    std::erase_if(due_, [&](const auto& entry) { return &entry.first->form() == &form; });
-}
+void HeadlessDisplay::closed(const Form& form) { std::erase(repainted_, &form); }
 
 void HeadlessDisplay::start(Timer& timer) { due_[&timer] = now_ + timer.interval(); }
 

@@ -67,7 +67,7 @@ void ComboField::paintEvent(QPaintEvent*) {
     painter.restore();
     painter.strokePath(outline, QPen(colours::kDeepBlue, line));
 
-    const int margin = 4 * line_;
+    const int margin = 6 * line_;
     const QRect text = rect().adjusted(margin, 0, -static_cast<int>(button.width()) - margin, 0);
     painter.setPen(palette().color(QPalette::Text));
     painter.drawText(text, static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter) | Qt::TextSingleLine,

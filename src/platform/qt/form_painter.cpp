@@ -118,11 +118,13 @@ void FormPainter::paint_shape(QPainter& painter, const Shape& shape, const QRect
     const int width = style.outline ? scale_.device_pixels(style.outline_pixels) : 0;
     painter.setPen(style.outline ? line(to_qt(*style.outline), width) : QPen(Qt::NoPen));
     painter.setBrush(style.fill ? QBrush(to_qt(*style.fill)) : QBrush(Qt::NoBrush));
+    // The line runs along the edge, half of it on either side; an odd one lies on whole dots.
+    const QRectF edge = inside(bounds, width % 2);
     const double corner = scale_.device(style.corner);
     if (corner > 0) {
-        painter.drawRoundedRect(inside(bounds, width), corner, corner);
+        painter.drawRoundedRect(edge, corner, corner);
     } else {
-        painter.drawRect(inside(bounds, width));
+        painter.drawRect(edge);
     }
 }
 

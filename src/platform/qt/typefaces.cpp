@@ -23,6 +23,16 @@ QString first_installed(const QStringList& families) {
     return families.last();
 }
 
+QFont face_of(const QString& family, int pixels) {
+    QFont face(family);
+    face.setStyleHint(QFont::SansSerif);
+    face.setPixelSize(pixels);
+    // Who learns to read and spell must see two t's, not a ligature. Qt leaves ligatures out where letters are spaced.
+    constexpr double kLeastSpacing = 1.0 / 64;
+    face.setLetterSpacing(QFont::AbsoluteSpacing, kLeastSpacing);
+    return face;
+}
+
 }  // namespace
 
 Typefaces::Typefaces(const Files& files) {
@@ -32,19 +42,12 @@ Typefaces::Typefaces(const Files& files) {
 }
 
 QFont Typefaces::caption(const Font& font, int pixels) const {
-    QFont face(caption_);
-    face.setStyleHint(QFont::SansSerif);
-    face.setPixelSize(pixels);
+    QFont face = face_of(caption_, pixels);
     face.setBold(font.weight == Weight::Bold);
     face.setUnderline(font.underline == Underline::Yes);
     return face;
 }
 
-QFont Typefaces::letters(int pixels) const {
-    QFont face(letters_);
-    face.setStyleHint(QFont::SansSerif);
-    face.setPixelSize(pixels);
-    return face;
-}
+QFont Typefaces::letters(int pixels) const { return face_of(letters_, pixels); }
 
 }  // namespace marrowfen

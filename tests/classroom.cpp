@@ -1,0 +1,306 @@
+#include "classroom.h"
+
+#include <algorithm>
+#include <fstream>
+
+#include "board/frmSimpleKeyBoard.h"
+#include "pupils/frmErrmsg.h"
+#include "pupils/frmGames.h"
+#include "pupils/frmSelectGame.h"
+#include "pupils/frmSettings.h"
+#include "results/frmTimer.h"
+#include "store/store_builder.h"
+
+namespace marrowfen {
+
+namespace {
+
+// Built once for all tests of the process, and copied for each.
+const std::filesystem::path& built_store() {
+    static const TemporaryFolder folder;
+    static const std::filesystem::path path = [] {
+        auto file = folder.path() / "data.mdb";
+        const auto faults = build_store(MARROWFEN_CONTENT_FOLDER, file);
+        for (const std::string& fault : faults) ADD_FAILURE() << fault;
+        return file;
+    }();
+    return path;
+}
+
+// Passes everything on, but for writes that are refused.
+class StubbornRows final : public RowSet {
+public:
+    StubbornRows(std::unique_ptr<RowSet> rows, const bool& refuses) : rows_(std::move(rows)), refuses_(refuses) {}
+    [[nodiscard]] std::optional<StoreFailure> failure() const override { return rows_->failure(); }
+    [[nodiscard]] bool at_end() const override { return rows_->at_end(); }
+    [[nodiscard]] std::int64_t row_count() const override { return rows_->row_count(); }
+    void move_first() override { rows_->move_first(); }
+    void move_next() override { rows_->move_next(); }
+    void move_forward(std::int64_t rows) override { rows_->move_forward(rows); }
+    void find_first(std::string_view criterion) override { rows_->find_first(criterion); }
+    void find_next(std::string_view criterion) override { rows_->find_next(criterion); }
+    [[nodiscard]] bool no_match() const override { return rows_->no_match(); }
+    [[nodiscard]] Value field(std::string_view name) const override { return rows_->field(name); }
+    void add_row() override { rows_->add_row(); }
+    void set_field(std::string_view name, Value value) override { rows_->set_field(name, std::move(value)); }
+    [[nodiscard]] std::optional<StoreFailure> update() override {
+        return refuses_ ? StoreFailure{"the disk is full"} : rows_->update();
+    }
+    [[nodiscard]] std::optional<StoreFailure> delete_row() override {
+        return refuses_ ? StoreFailure{"the disk is full"} : rows_->delete_row();
+    }
+
+private:
+    std::unique_ptr<RowSet> rows_;
+    const bool& refuses_;
+};
+
+class StubbornStore final : public Store {
+public:
+    StubbornStore(std::unique_ptr<Store> store, const bool& refuses) : store_(std::move(store)), refuses_(refuses) {}
+    [[nodiscard]] std::unique_ptr<RowSet> open(std::string_view source) override {
+        return std::make_unique<StubbornRows>(store_->open(source), refuses_);
+    }
+
+private:
+    std::unique_ptr<Store> store_;
+    const bool& refuses_;
+};
+
+// Of the first letter in a text, in bytes.
+std::size_t length_of_letter(std::string_view text) {
+    const auto lead = static_cast<unsigned char>(text.front());
+    return lead < 0x80 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
+}
+
+char32_t code_of(std::string_view letter) {
+    char32_t code = static_cast<unsigned char>(letter.front());
+    if (letter.size() > 1) code &= 0x7FU >> letter.size();
+    for (const char c : letter.substr(1)) code = code << 6U | (static_cast<unsigned char>(c) & 0x3FU);
+    return code;
+}
+
+std::size_t letters_in(std::string_view text) {
+    std::size_t letters = 0;
+    for (; !text.empty(); text.remove_prefix(length_of_letter(text))) ++letters;
+    return letters;
+}
+
+Point centre_on_screen(const Control& control) {
+    const Point centre = control.bounds().centre();
+    return {control.form().Left + centre.x, control.form().Top + centre.y};
+}
+
+}  // namespace
+
+TemporaryFolder::TemporaryFolder() {
+    std::string name = (std::filesystem::temp_directory_path() / "marrowfen-XXXXXX").string();
+    if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder");
+    path_ = name;
+}
+
+TemporaryFolder::~TemporaryFolder() {
+    std::error_code ignored;
+    std::filesystem::remove_all(path_, ignored);
+}
+
+OpenedStore StubbornEngine::open(std::string_view path) {
+    ++opened;
+    OpenedStore opened_store = engine_.open(path);
+    if (opened_store.store == nullptr) return opened_store;
+    return {std::make_unique<StubbornStore>(std::move(opened_store.store), refuses_writes), {}};
+}
+
+std::ostream& operator<<(std::ostream& out, const Result& result) {
+    return out << result.pupil << ' ' << result.time << " of " << result.limit << ": " << result.points << " in game "
+               << result.game;
+}
+
+Classroom::Classroom(const std::vector<std::string>& pupils) {
+    std::filesystem::copy_file(built_store(), folder.path() / "data.mdb");
+    display.attach(desktop);
+    program.referee = &referee;
+    define_all_forms(program);
+    const auto opened = sqlite.open(program.path("\\data.mdb"));
+    const auto rows = opened.store->open("Pupils");
+    for (const std::string& pupil : pupils) {
+        rows->add_row();
+        rows->set_field("PupilName", pupil);
+        EXPECT_FALSE(rows->update()) << pupil;
+    }
+}
+
+Classroom::~Classroom() {
+    EXPECT_EQ(random.unused(), 0U) << "scripted draws were not needed";
+    EXPECT_FALSE(display.has_pending_events()) << "a yield that something was to happen in never came";
+}
+
+void Classroom::start() {
+    const auto failure = program.start();
+    ASSERT_FALSE(failure) << failure->reason;
+}
+
+std::vector<FormId> Classroom::open_forms() const {
+    std::vector<FormId> open;
+    for (std::size_t i = 0; i < kFormCount; ++i) {
+        if (is_open(static_cast<FormId>(i))) open.push_back(static_cast<FormId>(i));
+    }
+    return open;
+}
+
+std::string Classroom::message() {
+    return is_open(FormId::frmErrmsg) ? form<frmErrmsg>().ErrMsg.Caption.get() : std::string{};
+}
+
+std::vector<Result> Classroom::results() {
+    const auto opened = sqlite.open(program.path("\\data.mdb"));
+    std::vector<Result> kept;
+    const auto rows = opened.store->open("Hall_of_Fame");
+    for (; !rows->at_end(); rows->move_next()) {
+        const auto pupil =
+            program.LookupField("Pupils", "PupilName", where_number("Pupil_ID", as_whole(rows->field("Pupil_id"))));
+        kept.push_back({as_text(pupil), as_text(rows->field("TimeTaken")), as_whole(rows->field("TimeLimit")),
+                        as_whole(rows->field("Points")), as_whole(rows->field("GameID"))});
+    }
+    return kept;
+}
+
+std::vector<std::string> Classroom::heard_and_forgotten() {
+    auto heard = sound.heard();
+    sound.forget();
+    return heard;
+}
+
+bool Pupil::can_reach(Control& control, Point on_screen) const {
+    Form& form = control.form();
+    const bool reaches = room_.desktop.form_at(on_screen) == &form &&
+                         form.control_at({on_screen.x - form.Left, on_screen.y - form.Top}) == &control;
+    EXPECT_TRUE(reaches) << "a pupil can't reach this control: it is hidden, disabled or covered";
+    return reaches;
+}
+
+void Pupil::press(Control& control) { presses_and_lets_go_at(control, centre_on_screen(control)); }
+
+void Pupil::presses_and_lets_go_at(Control& control, Point on_screen) {
+    const Point centre = centre_on_screen(control);
+    if (!can_reach(control, centre)) return;
+    room_.desktop.mouse_pressed(centre);
+    room_.desktop.mouse_released(on_screen);
+}
+
+void Pupil::points_at(Control& control) {
+    const Point centre = centre_on_screen(control);
+    if (can_reach(control, centre)) room_.desktop.mouse_moved(centre);
+}
+
+void Pupil::drags(Control& tile, Control& target) {
+    const Point from = centre_on_screen(tile);
+    const Point to = centre_on_screen(target);
+    if (!can_reach(tile, from) || !can_reach(target, to)) return;
+    room_.desktop.mouse_pressed(from);
+    room_.desktop.mouse_moved(to);
+    room_.desktop.mouse_released(to);
+}
+
+void Pupil::types(std::string_view text) {
+    while (!text.empty()) {
+        const std::string_view letter = text.substr(0, length_of_letter(text));
+        text.remove_prefix(letter.size());
+        if (!room_.desktop.key_down({}) && !room_.desktop.key_pressed(code_of(letter))) {
+            Form* active = room_.desktop.active();
+            auto* box = active == nullptr ? nullptr : dynamic_cast<TextBox*>(active->focus());
+            if (box != nullptr && letters_in(box->Text.get()) < box->max_length) {
+                room_.desktop.text_edited(*box, box->Text.get() + std::string(letter));
+            }
+        }
+        room_.desktop.key_released({});
+    }
+}
+
+void Pupil::presses_enter() {
+    if (!room_.desktop.key_down({.key = Key::Enter})) (void)room_.desktop.key_pressed(U'\r');
+}
+
+void Pupil::presses_alt_d() { (void)room_.desktop.key_down({.key = Key::D, .alt = true}); }
+
+void Pupil::chooses(ComboBox& combo, std::string_view entry) {
+    const auto& entries = combo.entries();
+    const auto place = std::ranges::find(entries, entry);
+    ASSERT_NE(place, entries.end()) << entry << " is not in the list";
+    room_.desktop.clicked_into(combo);
+    room_.desktop.chosen(combo, static_cast<std::size_t>(place - entries.begin()));
+}
+
+void Pupil::selects(ListBox& list, std::string_view beginning) {
+    const auto& entries = list.entries();
+    const auto place = std::ranges::find_if(entries, [&](const std::string& e) { return e.starts_with(beginning); });
+    ASSERT_NE(place, entries.end()) << beginning << " is not in the list";
+    room_.desktop.clicked_into(list);
+    room_.desktop.selected(list, static_cast<std::size_t>(place - entries.begin()));
+}
+
+void Pupil::double_clicks(ListBox& list, std::string_view beginning) {
+    selects(list, beginning);
+    room_.desktop.double_clicked(list);
+}
+
+void Pupil::sits_down(std::string_view name) { chooses(room_.form<frmSelectGame>().cmbPupils, name); }
+
+std::string Pupil::entry_of(int template_id) {
+    return as_text(room_.program.LookupField("Templates", "GameNumber", where_number("Template_ID", template_id))) +
+           ". ";
+}
+
+void Pupil::picks_game(int template_id) { double_clicks(room_.form<frmGames>().List1, entry_of(template_id)); }
+
+void Pupil::joins(const Team& team) {
+    auto& form = room_.form<frmSettings>();
+    switch (team.time_limit) {
+        case kRedTeam.time_limit:
+            return press(form.redDe);
+        case kYellowTeam.time_limit:
+            return press(form.YellowDe);
+        case kGreenTeam.time_limit:
+            return press(form.GreenDe);
+        default:
+            return press(form.BlueDe);
+    }
+}
+
+void Pupil::starts_the_clock() { presses(&frmTimer::Timer_Start_De); }
+
+void Pupil::comes_in() {
+    room_.start();
+    sits_down("Ann");
+}
+
+void Pupil::opens(int template_id, const Team& team) {
+    comes_in();
+    picks_game(template_id);
+    joins(team);
+}
+
+void Pupil::begins(int template_id, const Team& team) {
+    opens(template_id, team);
+    starts_the_clock();
+    (void)room_.heard_and_forgotten();
+}
+
+void Pupil::drags_letter(std::string_view letter) {
+    auto& board = room_.form<frmSimpleKeyBoard>();
+    for (PictureBox& tile : board.DragKey) {
+        if (tile.Visible && tile.Tag == letter) return drags(tile, *board.find_key(letter));
+    }
+    ADD_FAILURE() << "no tile shows " << letter;
+}
+
+void Pupil::fills_keys(int keys) {
+    for (int i = 0; i < keys; ++i) {
+        auto& board = room_.form<frmSimpleKeyBoard>();
+        const auto tile = std::ranges::find_if(board.DragKey, [](const PictureBox& t) { return t.Visible.get(); });
+        ASSERT_NE(tile, board.DragKey.end()) << "no tile is left for key " << i + 1;
+        drags(*tile, *board.find_key(tile->Tag.get()));
+    }
+}
+
+}  // namespace marrowfen

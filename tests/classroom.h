@@ -1,0 +1,130 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "app/all_forms.h"
+#include "core/teams.h"
+#include "platform/headless/headless_display.h"
+#include "platform/headless/scripted.h"
+#include "platform/sqlite/sqlite_store.h"
+#include "platform/system/disk_files.h"
+#include "rules/game_referee.h"
+
+namespace marrowfen {
+
+/// A folder of its own that goes with the test.
+class TemporaryFolder {
+public:
+    TemporaryFolder();
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+    ~TemporaryFolder();
+    [[nodiscard]] const std::filesystem::path& path() const { return path_; }
+
+private:
+    std::filesystem::path path_;
+};
+
+/// A store that behaves until it is told to fail: then no row can be added or deleted any more.
+class StubbornEngine final : public StoreEngine {
+public:
+    explicit StubbornEngine(StoreEngine& engine) : engine_(engine) {}
+    bool refuses_writes = false;
+    std::size_t opened = 0;
+    [[nodiscard]] OpenedStore open(std::string_view path) override;
+
+private:
+    StoreEngine& engine_;
+};
+
+struct Result {
+    std::string pupil, time;
+    int limit = 0, points = 0, game = 0;
+    friend bool operator==(const Result&, const Result&) = default;
+};
+std::ostream& operator<<(std::ostream& out, const Result& result);
+
+/// The whole program on a screen that nobody sees, with a store of its own. Draws and events that were scripted and
+/// never came fail the test.
+class Classroom {
+public:
+    explicit Classroom(const std::vector<std::string>& pupils = {"Ann", "Ben"});
+    Classroom(const Classroom&) = delete;
+    Classroom& operator=(const Classroom&) = delete;
+    ~Classroom();
+
+    TemporaryFolder folder;
+    HeadlessDisplay display;
+    Desktop desktop{display};
+    DiskFiles files{folder.path()};
+    SqliteStoreEngine sqlite{files};
+    StubbornEngine engine{sqlite};
+    SoundRecorder sound;
+    ScriptedClock clock;
+    ScriptedRandom random;
+    Program program{desktop, {engine, sound, clock, random, files}};
+    GameReferee referee{program};
+
+    void start();  ///< fails the test when the program can't start
+    [[nodiscard]] State& state() { return program.state; }
+    void seconds_pass(int seconds) { display.pass(std::chrono::seconds(seconds)); }
+
+    template <class F>
+    [[nodiscard]] F& form() {
+        F* found = program.forms.find<F>();
+        if (found == nullptr) throw std::logic_error("the form is not open");
+        return *found;
+    }
+    [[nodiscard]] bool is_open(FormId id) const {
+        const Form* form = program.forms.find(id);
+        return form != nullptr && form->visible();
+    }
+    [[nodiscard]] std::vector<FormId> open_forms() const;  ///< those on the screen, by name
+    [[nodiscard]] std::string message();                   ///< on show; empty: none is
+    [[nodiscard]] std::vector<Result> results();           ///< as kept, oldest first
+    [[nodiscard]] std::vector<std::string> heard_and_forgotten();
+};
+
+/// Does what a pupil can do with a mouse and a keyboard, and fails the test for what no pupil can do: press what is
+/// hidden, disabled or covered by another form.
+class Pupil {
+public:
+    explicit Pupil(Classroom& room) : room_(room) {}
+
+    template <class F>
+    void presses(Image F::*button) {
+        press(room_.form<F>().*button);
+    }
+    void press(Control& control);  ///< down and up in its middle
+    void presses_and_lets_go_at(Control& control, Point on_screen);
+    void points_at(Control& control);
+    void drags(Control& tile, Control& target);
+    void types(std::string_view text);
+    void presses_enter();
+    void presses_alt_d();
+    void chooses(ComboBox& combo, std::string_view entry);
+    void selects(ListBox& list, std::string_view beginning);
+    void double_clicks(ListBox& list, std::string_view beginning);
+
+    // Ways through the program that many tests take.
+    void sits_down(std::string_view name);                      ///< from the first screen to the game list
+    void picks_game(int template_id);                           ///< from the game list
+    void joins(const Team& team);                               ///< on the team form
+    void starts_the_clock();                                    ///< on the stopwatch
+    void comes_in();                                            ///< to the game list as Ann, from the very beginning
+    void opens(int template_id, const Team& team = kRedTeam);   ///< comes in, and goes on to the board
+    void begins(int template_id, const Team& team = kRedTeam);  ///< all of it: the clock runs
+    void drags_letter(std::string_view letter);                 ///< a tile that is on show, to its key
+    void fills_keys(int keys);                                  ///< so many, each with the first tile on show
+    [[nodiscard]] std::string entry_of(int template_id);        ///< in the list of games
+
+private:
+    [[nodiscard]] bool can_reach(Control& control, Point on_screen) const;
+    Classroom& room_;
+};
+
+}  // namespace marrowfen

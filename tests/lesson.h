@@ -1,0 +1,148 @@
+#pragma once
+
+#include <sqlite3.h>
+
+#include <array>
+#include <memory>
+
+#include "board/frmSimpleKeyBoard.h"
+#include "classroom.h"
+#include "content/frmPictureCard.h"
+#include "content/frmSentence.h"
+#include "content/frmWord.h"
+#include "content/frmWordsUsed.h"
+#include "pupils/frmGames.h"
+#include "results/frmHalloffame.h"
+#include "results/frmScore.h"
+#include "results/frmTimeUp.h"
+
+namespace marrowfen {
+
+/// How a pupil answers. With the mouse: a click on a key, or in a tile game a tile that is dragged to it.
+enum class Way : std::uint8_t { SmallLetters, Capitals, Mouse, Mixed };
+inline constexpr std::array kWays{Way::SmallLetters, Way::Capitals, Way::Mouse, Way::Mixed};
+
+enum class Phonics : std::uint8_t { On, Off };
+
+/// Ann sits before the list of games, and knows every answer.
+class Lesson {
+public:
+    Classroom room{{"Ann"}};
+    Pupil ann{room};
+
+    Lesson() {
+        room.start();
+        ann.sits_down("Ann");
+    }
+    Lesson(const Lesson&) = delete;
+    Lesson& operator=(const Lesson&) = delete;
+    ~Lesson() {
+        EXPECT_EQ(room.random.unused(), 0U) << "scripted draws were not used";
+        EXPECT_FALSE(room.display.has_pending_events()) << "a yield that was waited for never came";
+    }
+
+    /// Changes the content as no teacher should.
+    void spoil_store(const std::string& sql) {
+        sqlite3* opened = nullptr;
+        const int result = sqlite3_open((room.folder.path() / "data.mdb").c_str(), &opened);
+        const std::unique_ptr<sqlite3, decltype(&sqlite3_close)> file(opened, &sqlite3_close);
+        ASSERT_EQ(result, SQLITE_OK);
+        ASSERT_EQ(sqlite3_exec(opened, sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK) << sqlite3_errmsg(opened);
+    }
+
+    void switches(Phonics phonics) {
+        if (room.state().PhonicsOn == (phonics == Phonics::On)) return;
+        ann.presses(phonics == Phonics::On ? &frmGames::Phon_OFF : &frmGames::Phon_On);
+    }
+    void opens(int game) {
+        ann.picks_game(game);
+        ann.joins(kRedTeam);
+    }
+    void begins(int game) {
+        opens(game);
+        ann.starts_the_clock();
+        (void)room.heard_and_forgotten();
+    }
+    void goes_back_to_the_list() {
+        if (plays()) ann.presses(&frmSimpleKeyBoard::close_De);
+        if (room.is_open(FormId::frmScore)) ann.presses(&frmScore::HallDe);
+        if (room.is_open(FormId::frmHalloffame)) ann.presses(&frmHalloffame::AnotherDe);
+        if (room.is_open(FormId::frmTimeUp)) ann.presses(&frmTimeUp::AnotherDe);
+    }
+    [[nodiscard]] bool plays() const { return room.is_open(FormId::frmSimpleKeyBoard); }
+
+    /// What she gives next, as a capital or a digit.
+    [[nodiscard]] std::string right_letter() {
+        if (room.is_open(FormId::frmWord)) return rhyming_letter();
+        if (!room.is_open(FormId::frmPictureCard) && !room.is_open(FormId::frmSentence)) return lowest_tile().Tag;
+        const bool spells = room.is_open(FormId::frmWordsUsed);
+        return in_capitals(asked_word().substr(spells ? found().size() : 0, 1));
+    }
+    [[nodiscard]] std::string wrong_letter() { return right_letter() == "1" ? "2" : "1"; }
+    /// The word to spell: that of the picture, or that of the class in the sentence.
+    [[nodiscard]] std::string asked_word() {
+        if (room.is_open(FormId::frmPictureCard)) {
+            const std::string& file = room.form<frmPictureCard>().pic.Picture->name();
+            const auto name = file.rfind('\\') + 1;
+            return file.substr(name, file.rfind('.') - name);
+        }
+        auto& card = room.form<frmSentence>();
+        return as_text(room.program.LookupField(room.state().ContentTable, card.wordtype.Text.get(),
+                                                where_text("Sen", card.Sentence.Text.get())));
+    }
+    [[nodiscard]] std::string found() { return room.form<frmWordsUsed>().Wordsfound.Caption; }
+    [[nodiscard]] PictureBox& key(std::string_view letter) { return *room.form<frmSimpleKeyBoard>().find_key(letter); }
+    /// What a key or a card shows: the picture's path from its folder on.
+    [[nodiscard]] static std::string shown_by(const Picture& picture) {
+        constexpr std::string_view kFolder = "\\KeyPictures\\Simple\\";
+        const auto place = picture.name().find(kFolder);
+        return place == std::string::npos ? picture.name() : picture.name().substr(place + kFolder.size());
+    }
+
+    struct Given {
+        std::string letter;  ///< as it was typed, or the capital of the key
+        bool typed;
+    };
+    /// Gives a letter. Mixed ways take turns.
+    Given gives(std::string_view letter, Way way) {
+        constexpr std::array kInTurn{Way::SmallLetters, Way::Mouse, Way::Capitals};
+        if (way == Way::Mixed) way = kInTurn.at(turns_++ % kInTurn.size());
+        const Given given{way == Way::SmallLetters ? in_small(letter) : in_capitals(letter), way != Way::Mouse};
+        if (given.typed) {
+            ann.types(given.letter);
+        } else if (PictureBox& tile = lowest_tile(); tile.Visible) {
+            ann.drags(tile, key(given.letter));
+        } else {
+            ann.press(key(given.letter));
+        }
+        return given;
+    }
+
+private:
+    [[nodiscard]] static std::string in_small(std::string_view letter) {
+        std::string small(letter);
+        for (char& c : small) c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+        return small;
+    }
+    /// The first tile when none is on show.
+    [[nodiscard]] PictureBox& lowest_tile() {
+        auto& tiles = room.form<frmSimpleKeyBoard>().DragKey;
+        const auto on_show = std::ranges::find_if(tiles, [](const PictureBox& tile) { return tile.Visible.get(); });
+        return on_show == tiles.end() ? tiles[0] : *on_show;
+    }
+    [[nodiscard]] std::string rhyming_letter() {
+        const auto& card = room.form<frmWord>();
+        for (char letter = 'A'; letter <= 'Z'; ++letter) {
+            const std::string word = letter + card.end.Caption.get();
+            const bool is_new = card.theword.Caption != word && found().find(word) == std::string::npos;
+            if (is_new && as_whole(room.program.LookupWord(room.state().ContentTable, "ID", word)) != 0) {
+                return {letter};
+            }
+        }
+        throw std::logic_error("no letter rhymes any more");
+    }
+
+    std::size_t turns_ = 0;
+};
+
+}  // namespace marrowfen

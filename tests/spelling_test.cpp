@@ -1,0 +1,250 @@
+#include <set>
+
+#include "lesson.h"
+#include "pupils/frmErrmsg.h"
+
+namespace marrowfen {
+
+namespace {
+
+class SpellingGame : public ::testing::Test, protected Lesson {
+protected:
+    static constexpr int kPictureSpelling = 13;
+    static constexpr int kCards = 26;
+
+    /// Gives what is left of the word and says whether its last letter was typed.
+    bool spells_the_word(Way way) {
+        bool typed = false;
+        for (auto left = asked_word().size() - found().size(); left > 0; --left)
+            typed = gives(right_letter(), way).typed;
+        return typed;
+    }
+    [[nodiscard]] std::string card() { return shown_by(room.form<frmPictureCard>().pic.Picture); }
+};
+
+class PictureSpellingGame : public SpellingGame {};
+
+TEST_F(PictureSpellingGame, TheLettersOfAppleAreJudgedByTheirPlaces) {
+    struct Letter {
+        std::string letter, typed, clicked;  // and what is shown after it
+    };
+    const std::vector<Letter> letters{{"a", "a", "A"},       {"p", "ap", "AP"},     {"x", "AP", "AP"},
+                                      {"1", "AP", "AP"},     {"p", "APp", "APP"},   {" ", "APp", "APP"},
+                                      {"l", "APpl", "APPL"}, {"p", "APPL", "APPL"}, {"e", "", ""}};
+    for (const bool clicks : {false, true}) {
+        room.random.script_draw(1, kCards);
+        begins(kPictureSpelling);
+        std::vector<std::string> shown_while_wrong;
+        const auto look = [&] { shown_while_wrong.push_back(found()); };
+        for (const std::size_t yield : {0U, 2U, 4U}) room.display.during_yield(look, yield);
+        for (const Letter& it : letters) {
+            SCOPED_TRACE(it.letter);
+            EXPECT_EQ(card(), "Back\\Pictures\\Flash\\apple.bmp");
+            if (!clicks) {
+                ann.types(it.letter);
+            } else if (it.letter != " ") {
+                ann.press(key(it.letter));
+            }
+            EXPECT_EQ(found(), clicks ? it.clicked : it.typed);
+        }
+        const std::string wrong = clicks ? "Donkey.au" : "donkey.au";
+        EXPECT_EQ(room.heard_and_forgotten(),
+                  (std::vector{wrong, wrong, wrong, std::string(clicks ? "M" : "m") + "agic.au"}));
+        EXPECT_EQ(shown_while_wrong, clicks ? (std::vector<std::string>{"APX", "AP1", "APPLP"})
+                                            : (std::vector<std::string>{"apx", "AP1", "APplp"}));
+        EXPECT_NE(card(), "Back\\Pictures\\Flash\\apple.bmp");
+        goes_back_to_the_list();
+    }
+}
+
+TEST_F(PictureSpellingGame, EachOfThe26CardsComesOnceAndMarksAKey) {
+    for (const Phonics phonics : {Phonics::On, Phonics::Off}) {
+        for (const Way way : kWays) {
+            SCOPED_TRACE(static_cast<int>(way));
+            switches(phonics);
+            begins(kPictureSpelling);
+            std::vector<std::string> cues;
+            std::set<std::string> words;
+            while (plays()) {
+                const std::string word = asked_word();
+                const auto& first = key(word.substr(0, 1));
+                const auto& last = key(word.substr(word.size() - 1));
+                const Picture first_before = first.Picture;
+                const Picture last_before = last.Picture;
+                const bool typed = spells_the_word(way);
+                words.insert(word);
+                cues.emplace_back(typed ? "magic.au" : "Magic.au");
+                if (!plays()) break;
+                const auto& marked = typed ? first : last;
+                EXPECT_EQ(shown_by(marked.Picture), "Lower\\" + marked.Tag.get() + ".bmp") << word;
+                EXPECT_TRUE(&first == &last || (typed ? last.Picture == last_before : first.Picture == first_before));
+                EXPECT_EQ(found(), "");
+            }
+            EXPECT_EQ(words.size(), kCards);
+            EXPECT_EQ(room.heard_and_forgotten(), cues);
+            EXPECT_EQ(room.open_forms(), (std::vector{FormId::frmBackGround, FormId::frmScore}));
+            goes_back_to_the_list();
+        }
+    }
+}
+
+TEST_F(PictureSpellingGame, TypedWordsEndWithAllSmallLettersOnTheKeys) {
+    begins(kPictureSpelling);
+    for (int n = 1; n < kCards; ++n) spells_the_word(Way::SmallLetters);
+    const auto look = [&] {
+        for (char letter = 'A'; letter <= 'Z'; ++letter) {
+            EXPECT_EQ(shown_by(key({&letter, 1}).Picture), std::string("Lower\\") + letter + ".bmp");
+        }
+    };
+    room.display.during_yield(look);
+    spells_the_word(Way::SmallLetters);
+}
+
+class SentenceGame : public SpellingGame {
+protected:
+    struct Row {
+        std::string sentence;
+        std::array<std::string, 3> words;
+    };
+    static constexpr std::array<const char*, 3> kClasses{"Verb", "Noun", "Adjective"};
+
+    [[nodiscard]] std::vector<Row> rows(int game) {
+        std::vector<Row> all;
+        const auto sentences = room.program.open_rows(game == 25 ? "Sentences_Keystage1" : "Sentences_Keystage2");
+        for (; !sentences->at_end(); sentences->move_next()) {
+            Row row{as_text(sentences->field("Sen")), {}};
+            for (std::size_t i = 0; i < 3; ++i) row.words.at(i) = as_text(sentences->field(kClasses.at(i)));
+            all.push_back(row);
+        }
+        return all;
+    }
+    /// Rows that are drawn in this order, the last of which is taken, and one of its classes. Counted from 1.
+    void script_sentence(const std::vector<int>& drawn, std::size_t count, int word_class) {
+        for (const int row : drawn) room.random.script_draw(row, static_cast<int>(count));
+        room.random.script_draw(word_class, 3);
+    }
+    [[nodiscard]] frmSentence& card() { return room.form<frmSentence>(); }
+};
+
+TEST_F(SentenceGame, SixSentencesMakeAGameWhateverWayTheyAreSpelled) {
+    for (const int game : {25, 29}) {
+        const auto all = rows(game);
+        std::size_t skipped = 0;  // what the game before has played stays on the list of rows not to be drawn
+        for (const Way way : kWays) {
+            SCOPED_TRACE(std::to_string(game) + " in way " + std::to_string(static_cast<int>(way)));
+            skipped = 6 - skipped;
+            for (int n = 0; n < 6; ++n) script_sentence({static_cast<int>(skipped) + n + 1}, all.size(), n % 3 + 1);
+            begins(game);
+            std::vector<std::string> cues;
+            for (std::size_t n = 0; n < 6; ++n) {
+                const Row& row = all.at(skipped + n);
+                EXPECT_EQ(card().Sentence.Text.get(), row.sentence);
+                EXPECT_EQ(card().wordtype.Text.get(), kClasses.at(n % 3));
+                cues.emplace_back(gives("0", way).typed ? "donkey.au" : "Donkey.au");
+                for (std::size_t i = 0; i < row.words.at(n % 3).size(); ++i) {
+                    EXPECT_EQ(found(), in_capitals(row.words.at(n % 3).substr(0, i)));
+                    gives(row.words.at(n % 3).substr(i, 1), way);
+                }
+                cues.emplace_back("magic.au");
+            }
+            EXPECT_EQ(room.heard_and_forgotten(), cues);
+            EXPECT_EQ(room.open_forms(), (std::vector{FormId::frmBackGround, FormId::frmScore}));
+            goes_back_to_the_list();
+        }
+    }
+}
+
+TEST_F(SentenceGame, ARedrawnSentenceIsNotHeldAgainstTheEntriesAlreadyPassed) {
+    const std::vector<std::vector<int>> draws{{5}, {5}, {5, 7}, {7, 5}, {5, 7, 5, 9}, {9, 9}};
+    const auto all = rows(25);
+    for (const auto& drawn : draws) script_sentence(drawn, all.size(), 2);
+    begins(25);
+    for (const auto& drawn : draws) {
+        EXPECT_EQ(card().Sentence.Text.get(), all.at(static_cast<std::size_t>(drawn.back() - 1)).sentence);
+        spells_the_word(Way::Mixed);
+    }
+    EXPECT_TRUE(room.is_open(FormId::frmScore));
+}
+
+TEST_F(SentenceGame, TheGroupsOfARhymingGameBeforeItCountAsSentencesPlayed) {
+    opens(14);  // leaves 1 to 7 in the list
+    goes_back_to_the_list();
+    const auto all = rows(29);
+    script_sentence({3}, all.size(), 1);
+    script_sentence({3, 4, 5, 2}, all.size(), 3);
+    begins(29);
+    spells_the_word(Way::Mouse);
+    EXPECT_EQ(card().Sentence.Text.get(), all.at(1).sentence);
+}
+
+TEST_F(SentenceGame, EveryWordOfEverySentenceCanBeSpelled) {
+    for (const int game : {25, 29}) {
+        const auto all = rows(game);
+        for (std::size_t row = 0; row < all.size(); ++row) {
+            for (std::size_t word_class = 0; word_class < 3; ++word_class) {
+                script_sentence({static_cast<int>(row) + 1}, all.size(), static_cast<int>(word_class) + 1);
+                begins(game);
+                EXPECT_EQ(card().wordtype.Text.get(), kClasses.at(word_class));
+                EXPECT_NE(card().Sentence.Text->find(all[row].words.at(word_class)), std::string::npos);
+                ann.types(all[row].words.at(word_class));
+                EXPECT_EQ(room.heard_and_forgotten(), std::vector<std::string>{"magic.au"}) << all[row].sentence;
+                goes_back_to_the_list();
+            }
+        }
+    }
+}
+
+TEST_F(SentenceGame, TypedLettersYieldWhileTheyAreShown) {
+    script_sentence({1}, rows(25).size(), 2);
+    begins(25);
+    const auto yields_and_repaints = [this](const auto& act) {
+        const std::size_t yields = room.display.yields();
+        const std::size_t repaints = room.display.repainted().size();
+        act();
+        return std::pair(room.display.yields() - yields, room.display.repainted().size() - repaints);
+    };
+    using Counts = std::pair<std::size_t, std::size_t>;
+    EXPECT_EQ(yields_and_repaints([&] { gives("0", Way::Capitals); }), Counts(3, 2));
+    EXPECT_EQ(yields_and_repaints([&] { gives("0", Way::Mouse); }), Counts(2, 2));
+    EXPECT_EQ(yields_and_repaints([&] { gives(right_letter(), Way::Capitals); }), Counts(1, 1));
+    EXPECT_EQ(yields_and_repaints([&] { gives(right_letter(), Way::Mouse); }), Counts(0, 1));
+    while (asked_word().size() - found().size() > 1) gives(right_letter(), Way::Mouse);
+    EXPECT_EQ(yields_and_repaints([&] { gives(right_letter(), Way::SmallLetters); }), Counts(4, 2));
+    while (asked_word().size() - found().size() > 1) gives(right_letter(), Way::Mouse);
+    EXPECT_EQ(yields_and_repaints([&] { gives(right_letter(), Way::Mouse); }), Counts(2, 1));
+}
+
+TEST_F(SentenceGame, ASentenceWithAnEmptyFieldIsPassedOver) {
+    const auto all = rows(25);
+    const auto count = static_cast<int>(all.size());
+    spoil_store("UPDATE Sentences_Keystage1 SET adjective='' WHERE rowid=2 OR rowid=" + std::to_string(count));
+    script_sentence({2}, all.size(), 3);
+    script_sentence({count}, all.size(), 1);
+    script_sentence({1, 4}, all.size(), 1);  // the row that was played is on the list, not the one that was drawn
+    begins(25);
+    for (const std::size_t row : {2U, 0U, 3U}) {
+        EXPECT_EQ(card().Sentence.Text.get(), all.at(row).sentence);
+        spells_the_word(Way::Mixed);
+    }
+}
+
+TEST_F(SentenceGame, AGameWithoutSentencesSaysSoAndCantBeWon) {
+    spoil_store("UPDATE Sentences_Keystage2 SET noun=''");
+    script_sentence({1}, rows(25).size(), 1);
+    begins(25);  // its word must not be the one that the next game asks for
+    const std::string word = asked_word();
+    goes_back_to_the_list();
+    opens(29);
+    EXPECT_NE(room.message(), "");
+    ann.presses(&frmErrmsg::ContinueDe);
+    ann.starts_the_clock();
+    (void)room.heard_and_forgotten();
+    for (int n = 0; n < 6; ++n) ann.types(word);
+    EXPECT_TRUE(plays());
+    EXPECT_EQ(card().Sentence.Text.get(), "");
+    EXPECT_EQ(room.heard_and_forgotten(), std::vector<std::string>{});
+}
+
+}  // namespace
+
+}  // namespace marrowfen

@@ -1,0 +1,173 @@
+#include "lesson.h"
+#include "typing/frmTypingTest.h"
+
+namespace marrowfen {
+
+namespace {
+
+constexpr std::string_view kSentence = "the quick brown fox jumps over the lazy dog";
+
+class TypingTest : public ::testing::Test, protected Lesson {
+protected:
+    [[nodiscard]] frmTypingTest& test() { return room.form<frmTypingTest>(); }
+    [[nodiscard]] std::string built() { return test().BuildTest.Caption; }
+    /// The key that the border stands round; empty: it is hidden.
+    [[nodiscard]] std::string marked() {
+        if (!test().PanBorder.Visible) return {};
+        for (const PictureBox& key : test().Keys) {
+            if (key.Left - 25 == test().PanBorder.Left && key.Top - 25 == test().PanBorder.Top) return key.Tag;
+        }
+        return "none";
+    }
+    void holds_down(char32_t character, int repeats) {
+        for (int i = 0; i <= repeats; ++i) (void)room.desktop.key_pressed(character);
+    }
+};
+
+TEST_F(TypingTest, TheSecondsFromTheFirstKeyToTheLastRightLetterAreKept) {
+    for (const int game : {27, 28}) {
+        ann.picks_game(game);
+        room.seconds_pass(5);
+        ann.types("x");  // wrong, but the clock runs from here
+        room.seconds_pass(2);
+        for (const char letter : kSentence) {
+            ann.types({&letter, 1});
+            if (letter == ' ') room.seconds_pass(8);
+        }
+        room.seconds_pass(3);
+        EXPECT_EQ(room.open_forms(), (std::vector{FormId::frmBackGround, FormId::frmScore}));
+        EXPECT_EQ(room.form<frmScore>().txtTime.Text.get(), "1:06");
+        EXPECT_EQ(room.form<frmScore>().txtpoints.Text.get(), "66");
+        goes_back_to_the_list();
+    }
+    EXPECT_EQ(room.results(), (std::vector<Result>{{"Ann", "1:06", 0, 66, 27}, {"Ann", "1:06", 0, 66, 28}}));
+    EXPECT_EQ(room.heard_and_forgotten(), std::vector<std::string>{});
+}
+
+TEST_F(TypingTest, OnlyTheFirstLetterMayBeACapital) {
+    struct Case {
+        std::string typed, built;
+    };
+    const std::vector<Case> cases{
+        {"T", "t"},
+        {"Th", "th"},
+        {"TH", "t"},
+        {"THE QUICK BROWN", "t"},  // Caps Lock
+        {"thE e", "the"},
+        {"the Quick", "the "},
+        {"the  quick", "the quick"},
+        {"tthhee", "the"},
+        {"1t2h3e4", "the"},
+        {"the\rq", "the"},
+        {"th.\be\x1B ", "the "},
+        {"thequick", "the"},
+        {"éthe", "the"},
+    };
+    for (const auto& [typed, expected] : cases) {
+        ann.picks_game(28);
+        ann.types(typed);
+        EXPECT_EQ(built(), expected) << typed;
+        ann.presses(&frmTypingTest::skip_de);
+    }
+}
+
+TEST_F(TypingTest, TheBorderStandsOnTheKeyThatIsDueAsLongAsAKeyIsDown) {
+    ann.picks_game(27);
+    holds_down('x', 0);
+    EXPECT_EQ(marked(), "T");
+    room.desktop.key_released({});
+    EXPECT_EQ(marked(), "");
+    holds_down('t', 0);
+    EXPECT_EQ(marked(), "T");
+    holds_down('t', 2);  // held on, it is a wrong key for the next letter
+    EXPECT_EQ(marked(), "H");
+    EXPECT_EQ(built(), "t");
+    room.desktop.key_released({});
+    EXPECT_EQ(marked(), "");
+    ann.types("h");
+    holds_down('e', 1);  // a blank is due after the first of them, and has no key
+    EXPECT_EQ(marked(), "E");
+    EXPECT_EQ(built(), "the");
+    room.desktop.key_released({});
+    holds_down('x', 0);
+    EXPECT_EQ(marked(), "");
+    holds_down(' ', 3);  // as the q is due by then
+    EXPECT_EQ(marked(), "Q");
+    EXPECT_EQ(built(), "the ");
+}
+
+TEST_F(TypingTest, TheKeyboardIsHeardWhateverWasClicked) {
+    ann.picks_game(27);
+    const auto clicks_beside = [this] {
+        room.desktop.mouse_pressed({15, 15});
+        room.desktop.mouse_released({15, 15});
+    };
+    ann.types("t");
+    ann.press(test().Keys[7]);
+    ann.types("h");
+    clicks_beside();
+    ann.types("e");
+    ann.press(test().Label1);
+    ann.press(test().Image1);
+    ann.types(" ");
+    EXPECT_EQ(built(), "the ");
+    EXPECT_EQ(room.desktop.active(), &test());
+}
+
+TEST_F(TypingTest, SkippingKeepsNothingAndTheNextTestStartsAfresh) {
+    ann.picks_game(27);
+    ann.types("the quick");
+    room.seconds_pass(20);
+    ann.presses(&frmTypingTest::skip_de);
+    room.seconds_pass(20);
+    EXPECT_EQ(room.open_forms(), (std::vector{FormId::frmBackGround, FormId::frmGames}));
+
+    ann.picks_game(27);
+    for (const int seconds : {7, 4}) {
+        EXPECT_EQ(built(), "");
+        ann.types("t");
+        room.seconds_pass(seconds);
+        ann.types(kSentence.substr(1));
+        ann.presses(&frmScore::HallDe);
+        ann.presses(&frmHalloffame::PlayAgainDe);
+    }
+    EXPECT_EQ(room.results(), (std::vector<Result>{{"Ann", "0:07", 0, 7, 27}, {"Ann", "0:04", 0, 4, 27}}));
+    EXPECT_TRUE(room.is_open(FormId::frmTypingTest));
+}
+
+TEST_F(TypingTest, TheKeysShowLettersOfTheKindThatTheGameNames) {
+    struct Case {
+        int game;
+        std::string folder;
+    };
+    for (const auto& [game, folder] : {Case{27, "lower"}, Case{28, "upper"}}) {
+        ann.picks_game(game);
+        EXPECT_EQ(shown_by(test().Keys[0].Picture), "Back\\" + folder + "\\A.BMP");
+        EXPECT_EQ(shown_by(test().Keys[35].Picture), "Back\\" + folder + "\\0.BMP");
+        ann.presses(&frmTypingTest::skip_de);
+    }
+}
+
+TEST_F(TypingTest, WhatHappensInTheLastYieldComesTooLateButForTheSkip) {
+    struct Case {
+        std::function<void()> event;
+        FormId next;
+    };
+    const std::vector<Case> cases{{[this] { room.seconds_pass(5); }, FormId::frmScore},
+                                  {[this] { ann.types("g "); }, FormId::frmScore},
+                                  {[this] { ann.presses(&frmTypingTest::skip_de); }, FormId::frmGames}};
+    for (const Case& it : cases) {
+        ann.picks_game(28);
+        ann.types(kSentence.substr(0, kSentence.size() - 1));
+        room.display.during_yield(it.event);
+        ann.types("g");
+        EXPECT_EQ(room.open_forms(), (std::vector{FormId::frmBackGround, it.next}));
+        if (it.next == FormId::frmGames) continue;
+        EXPECT_EQ(room.form<frmScore>().txtpoints.Text.get(), "0");
+        goes_back_to_the_list();
+    }
+}
+
+}  // namespace
+
+}  // namespace marrowfen

@@ -1,0 +1,286 @@
+#include "lesson.h"
+#include "typing/frmTypingTest.h"
+
+namespace marrowfen {
+
+namespace {
+
+/// A game that can be played to its end again and again, each time with the same draws and the same answers, and a
+/// wrong one now and then at first.
+class Play : public Lesson {
+public:
+    Play(int game, Way way, Phonics phonics) : game_(game), way_(way) {
+        switches(phonics);
+        spoil_store(
+            "DELETE FROM Words_Keystage1 WHERE word NOT IN (SELECT word FROM Words_Keystage1 AS w "
+            "WHERE w.id=Words_Keystage1.id ORDER BY rowid LIMIT 3)");
+    }
+    void begins_anew() {
+        goes_back_to_the_list();
+        opens(14);  // whatever the game before has left in the list of rows played
+        goes_back_to_the_list();
+        room.random = {};
+        answers = 0;
+        begins(game_);
+    }
+    void plays_on() {
+        while (plays()) {
+            if (answers < 3) gives(wrong_letter(), way_);
+            if (!plays()) return;
+            ++answers;
+            gives(right_letter(), way_);
+        }
+    }
+    [[nodiscard]] std::string name() const {
+        return "game " + std::to_string(game_) + ", way " + std::to_string(static_cast<int>(way_));
+    }
+    int answers = 0;  ///< right ones so far
+
+private:
+    int game_;
+    Way way_;
+};
+
+/// Plays every game that a rule judges once for each of its yields, and lets the event happen in that one. `expected`
+/// is told whether the last right answer had been given by then.
+void in_every_yield(const std::function<void(Play&)>& event, const std::function<void(Play&, bool won)>& expected) {
+    for (const int game : {14, 13, 25, 26, 18}) {
+        for (const Way way : {Way::SmallLetters, Way::Mouse}) {
+            for (const Phonics phonics : {Phonics::On, Phonics::Off}) {
+                const bool sounds_letters = game == 26 || game == 18;
+                if (phonics == Phonics::Off && !sounds_letters) continue;
+                Play play(game, way, phonics);
+                play.begins_anew();
+                const std::size_t before = play.room.display.yields();
+                play.plays_on();
+                ASSERT_TRUE(play.room.is_open(FormId::frmScore));
+                const std::size_t yields = play.room.display.yields() - before;
+                const int answers = play.answers;
+                for (std::size_t yield = 0; yield < yields && !::testing::Test::HasFailure(); ++yield) {
+                    SCOPED_TRACE(play.name() + ", yield " + std::to_string(yield));
+                    play.begins_anew();
+                    bool won = false;
+                    const auto happens = [&] {
+                        won = play.answers == answers;
+                        event(play);
+                        (void)play.room.heard_and_forgotten();
+                    };
+                    play.room.display.during_yield(happens, yield);
+                    play.plays_on();
+                    expected(play, won);
+                }
+            }
+        }
+    }
+}
+
+TEST(EveryYieldOfEveryRule, MayBeTheOneInWhichTheTimeRunsOut) {
+    in_every_yield([](Play& play) { play.room.seconds_pass(60); },
+                   [](Play& play, bool won) {
+                       const FormId next = won ? FormId::frmScore : FormId::frmTimeUp;
+                       EXPECT_EQ(play.room.open_forms(), (std::vector{FormId::frmBackGround, next}));
+                       EXPECT_TRUE(won || play.room.heard_and_forgotten().empty());
+                   });
+}
+
+TEST(EveryYieldOfEveryRule, MayBeTheOneInWhichThePupilLeaves) {
+    in_every_yield([](Play& play) { play.ann.presses(&frmSimpleKeyBoard::close_De); },
+                   [](Play& play, bool) {
+                       EXPECT_EQ(play.room.open_forms(), (std::vector{FormId::frmBackGround, FormId::frmGames}));
+                       EXPECT_TRUE(play.room.heard_and_forgotten().empty());
+                   });
+}
+
+class Judging : public ::testing::Test, protected Lesson {
+protected:
+    [[nodiscard]] PictureBox& tile(int index) { return room.form<frmSimpleKeyBoard>().DragKey[index]; }
+    void drags(PictureBox& tile) { ann.drags(tile, key(tile.Tag.get())); }
+};
+
+TEST_F(Judging, GivesWayToANewGameThatBeginsInAYield) {
+    for (const int game : {14, 13, 25, 26, 18}) {
+        switches(Phonics::Off);
+        begins(game);
+        std::string letter;
+        room.display.during_yield([&] {
+            goes_back_to_the_list();
+            begins(26);
+            letter = right_letter();
+            ann.types(letter);
+        });
+        ann.types(wrong_letter());
+        EXPECT_NE(right_letter(), letter) << game;
+        EXPECT_EQ(room.heard_and_forgotten(), std::vector<std::string>{"magic.au"}) << game;
+        goes_back_to_the_list();
+    }
+}
+
+TEST_F(Judging, AKeyAndAClickWaitForTheLetterBeforeThemAndAreJudgedOnce) {
+    for (const std::size_t yield : {0U, 1U}) {
+        begins(14);
+        const std::string left = room.form<frmWord>().Label1.Caption;
+        const std::string wrong = "0";
+        room.display.during_yield(
+            [&] {
+                ann.types(wrong);
+                ann.press(key("1"));
+                EXPECT_EQ(shown_by(room.form<frmWord>().Image1.Picture), "Upper\\2.bmp");
+                EXPECT_EQ(room.sound.heard().size(), 1U);
+            },
+            yield);
+        ann.types("2");
+        EXPECT_EQ(room.heard_and_forgotten(), (std::vector<std::string>{"donkey.au", "donkey.au", "Donkey.au"}));
+        EXPECT_EQ(shown_by(room.form<frmWord>().Image1.Picture), "Upper\\1.bmp");
+        EXPECT_EQ(room.form<frmWord>().Label1.Caption.get(), left);
+        goes_back_to_the_list();
+    }
+}
+
+TEST_F(Judging, LettersThatComeWhileAWordIsBeingFinishedBelongToTheNextWord) {
+    for (const int card : {3, 4, 7}) room.random.script_draw(card, 26);  // cat, dog, gate
+    begins(13);
+    room.display.during_yield([this] { ann.types("do"); }, 1);
+    ann.types("cat");
+    EXPECT_EQ(found(), "do");
+    ann.types("g");
+    EXPECT_EQ(asked_word(), "gate");
+}
+
+TEST_F(Judging, ATileThatIsDroppedWaitsAndMeansTheLetterThatWasLetGo) {
+    begins(18);
+    room.display.during_yield([this] { drags(tile(1)); });
+    ann.types(tile(0).Tag.get());
+    EXPECT_EQ(room.state().KeysDone, 2);
+
+    room.display.during_yield([this] { drags(tile(0)); });  // the very tile that the key is just serving
+    ann.types(tile(0).Tag.get());
+    EXPECT_EQ(room.state().KeysDone, 3);
+
+    room.display.during_yield([this] { ann.types(tile(0).Tag.get()); });
+    drags(tile(2));
+    EXPECT_EQ(room.state().KeysDone, 5);
+}
+
+TEST_F(Judging, EndsWithTheLastRightAnswer) {
+    for (const Way way : {Way::SmallLetters, Way::Mouse}) {
+        switches(Phonics::Off);
+        begins(7);
+        for (int n = 1; n < 36; ++n) gives(right_letter(), way);
+        (void)room.heard_and_forgotten();
+        room.display.during_yield([this] {
+            ann.types("a1");
+            room.seconds_pass(90);
+        });
+        gives(right_letter(), way);
+        EXPECT_EQ(room.heard_and_forgotten(), std::vector<std::string>{"Applause.wav"});
+        EXPECT_EQ(room.open_forms(), (std::vector{FormId::frmBackGround, FormId::frmScore}));
+        goes_back_to_the_list();
+    }
+    EXPECT_EQ(room.results(), (std::vector<Result>{{"Ann", "0:00", 60, 100, 7}, {"Ann", "0:00", 60, 100, 7}}));
+}
+
+TEST_F(Judging, AKeyThatComesAfterTheGameIsIgnored) {
+    const auto types_on_the_backdrop = [this] {
+        room.desktop.mouse_pressed({15, 15});
+        room.desktop.mouse_released({15, 15});
+        ann.types("abc123");
+        EXPECT_EQ(room.heard_and_forgotten(), std::vector<std::string>{});
+    };
+    for (const int game : {14, 13, 25, 26, 7}) {
+        begins(game);
+        goes_back_to_the_list();
+        types_on_the_backdrop();
+        begins(game);
+        room.seconds_pass(60);
+        EXPECT_TRUE(room.is_open(FormId::frmTimeUp));
+        types_on_the_backdrop();
+        goes_back_to_the_list();
+    }
+    begins(26);
+    while (plays()) gives(right_letter(), Way::Mixed);
+    (void)room.heard_and_forgotten();
+    types_on_the_backdrop();
+}
+
+TEST_F(Judging, TypingServesTheLowestTileOnShowUntilAllTenHaveGone) {
+    spoil_store("UPDATE Templates SET Panels=9 WHERE Template_ID=18");
+    begins(18);
+    for (int n = 0; n < 36; ++n) {
+        int lowest = 0;
+        while (!tile(lowest).Visible) ++lowest;
+        if (lowest < 9 && tile(lowest + 1).Visible) {
+            const auto done = room.state().KeysDone;
+            ann.types(tile(lowest + 1).Tag.get());  // another tile's letter is wrong
+            EXPECT_EQ(room.state().KeysDone, done);
+        }
+        ann.types(tile(lowest).Tag.get());
+    }
+    EXPECT_EQ(room.open_forms(), (std::vector{FormId::frmBackGround, FormId::frmScore}));
+    goes_back_to_the_list();
+
+    // With every third letter dragged from the other end.
+    begins(18);
+    for (int n = 0; n < 36; ++n) {
+        int highest = 9;
+        while (!tile(highest).Visible) --highest;
+        if (n % 3 == 2) {
+            drags(tile(highest));
+        } else {
+            ann.types(right_letter());
+        }
+    }
+    EXPECT_EQ(room.open_forms(), (std::vector{FormId::frmBackGround, FormId::frmScore}));
+}
+
+TEST_F(Judging, OfATileGameTakesNoClicksAndOfADraggingGameNoKeysEither) {
+    struct Case {
+        int game;
+        bool takes_keys;
+    };
+    for (const auto& [game, takes_keys] : {Case{2, false}, {9, false}, {24, false}, {8, true}, {30, true}}) {
+        begins(game);
+        const std::string letter = right_letter();
+        ann.press(key(letter));
+        EXPECT_EQ(room.state().KeysDone, 0);
+        EXPECT_TRUE(room.heard_and_forgotten().empty());
+        ann.types(letter);
+        EXPECT_EQ(room.state().KeysDone, takes_keys ? 1 : 0) << game;
+        goes_back_to_the_list();
+    }
+}
+
+TEST_F(Judging, DoesNotBeginBeforeTheClockIsStarted) {
+    for (const int game : {14, 13, 25, 26, 7}) {
+        opens(game);
+        (void)room.heard_and_forgotten();
+        ann.types(right_letter() + wrong_letter());
+        EXPECT_EQ(room.heard_and_forgotten(), std::vector<std::string>{});
+        EXPECT_EQ(room.state().KeysDone, 0);
+        goes_back_to_the_list();
+    }
+}
+
+TEST_F(Judging, EveryGameOfTheListCanBeStartedAndLeft) {
+    const auto entries = room.form<frmGames>().List1.entries();
+    EXPECT_EQ(entries.size(), 30U);
+    for (const std::string& entry : entries) {
+        SCOPED_TRACE(entry);
+        ann.double_clicks(room.form<frmGames>().List1, entry);
+        if (room.is_open(FormId::frmTypingTest)) {
+            ann.presses(&frmTypingTest::skip_de);
+        } else {
+            ann.joins(kBlueTeam);
+            ann.starts_the_clock();
+            room.seconds_pass(2);
+            ann.types(wrong_letter());
+            gives(right_letter(), Way::Mouse);
+            ann.presses(&frmSimpleKeyBoard::close_De);
+        }
+        room.seconds_pass(300);
+        EXPECT_EQ(room.open_forms(), (std::vector{FormId::frmBackGround, FormId::frmGames}));
+    }
+}
+
+}  // namespace
+
+}  // namespace marrowfen
