@@ -29,12 +29,16 @@ install_missing() {
     rm -f "$log"
 }
 
-# build PRESET: configures once and builds; shows the build's output only when it fails.
+# build PRESET [SETTING...]: configures where that has not been done with these settings, and builds. Shows the build's
+# output only when it fails.
 build() {
-    local preset=$1 log=build/$1.log
+    local preset=$1 log=build/$1.log cache=build/$1/CMakeCache.txt setting configured=yes
+    shift
     mkdir -p build
+    [ -f "build/$preset/build.ninja" ] || configured=no
+    for setting in "$@"; do grep -qx -- "${setting/=/:BOOL=}" "$cache" 2>/dev/null || configured=no; done
     echo "Building ($preset)"
-    if ! { { [ -f "build/$preset/build.ninja" ] || cmake --preset "$preset"; } &&
+    if ! { { [ $configured = yes ] || cmake --preset "$preset" "${@/#/-D}"; } &&
            cmake --build --preset "$preset"; } >"$log" 2>&1; then
         grep -E -A5 'error|FAILED|Error' "$log" | head -n 60 >&2
         echo "The build failed; its whole log is $log." >&2
