@@ -17,8 +17,8 @@
 #include <utility>
 #include <vector>
 
+#include "../failure.h"
 #include "drawings.h"
-#include "failure.h"
 #include "ink.h"
 #include "offscreen.h"
 
@@ -170,15 +170,11 @@ int run(const std::vector<fs::path>& arguments) {
         std::cerr << "Usage: contact_sheet OUT_FOLDER_OF_PNGS KEYPICTURES_FOLDER ARTWORK_FOLDER\n";
         return 1;
     }
-    try {
+    return run_tool([&] {
         fs::create_directories(arguments[0]);
         lay_out_key_pictures(arguments[1], arguments[0]);
         lay_out_buttons(arguments[2] / "buttons", arguments[0]);
-        return 0;
-    } catch (const std::exception& failure) {
-        std::cerr << failure.what() << '\n';
-        return 1;
-    }
+    });
 }
 
 }  // namespace

@@ -5,7 +5,7 @@
 #include <optional>
 #include <system_error>
 
-#include "failure.h"
+#include "../failure.h"
 
 namespace marrowfen {
 

@@ -5,8 +5,8 @@
 #include <QSvgRenderer>
 #include <utility>
 
+#include "../failure.h"
 #include "disk.h"
-#include "failure.h"
 
 namespace marrowfen {
 namespace {

@@ -7,8 +7,8 @@
 #include <cctype>
 #include <string>
 
+#include "../failure.h"
 #include "disk.h"
-#include "failure.h"
 #include "key_cap.h"
 
 namespace marrowfen {

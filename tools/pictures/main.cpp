@@ -10,10 +10,10 @@
 #include <string>
 #include <vector>
 
+#include "../failure.h"
 #include "bitmap_file.h"
 #include "disk.h"
 #include "drawings.h"
-#include "failure.h"
 #include "ink.h"
 #include "key_cap.h"
 #include "lettering.h"
@@ -82,7 +82,7 @@ int run(const std::vector<fs::path>& arguments) {
         std::cerr << "Usage: make_pictures LIST_FILE THINGS_TSV ARTWORK_FOLDER ANDIKA_TTF OUT_FOLDER\n";
         return 1;
     }
-    try {
+    return run_tool([&] {
         const std::vector<Picture> pictures = read_picture_list(arguments[0], read_things(arguments[1]));
         const fs::path& out = arguments[4];
         Studio studio(arguments[2], arguments[3]);
@@ -94,11 +94,7 @@ int run(const std::vector<fs::path>& arguments) {
         remove_other_pictures(out, names);
         for (std::size_t i = 0; i < pictures.size(); ++i) write_if_changed(out / pictures[i].file, files[i]);
         for (const Picture& picture : pictures) check(out / picture.file);
-        return 0;
-    } catch (const std::exception& failure) {
-        std::cerr << failure.what() << '\n';
-        return 1;
-    }
+    });
 }
 
 }  // namespace

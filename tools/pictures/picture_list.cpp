@@ -6,8 +6,8 @@
 #include <set>
 #include <string_view>
 
+#include "../failure.h"
 #include "disk.h"
-#include "failure.h"
 
 namespace marrowfen {
 namespace {

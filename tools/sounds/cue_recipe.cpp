@@ -5,7 +5,7 @@
 #include <cmath>
 #include <string_view>
 
-#include "failure.h"
+#include "../failure.h"
 #include "finish.h"
 #include "recipe_file.h"
 

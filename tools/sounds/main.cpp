@@ -8,8 +8,8 @@
 #include <utility>
 #include <vector>
 
+#include "../failure.h"
 #include "cue_recipe.h"
-#include "failure.h"
 #include "finish.h"
 #include "sound_file.h"
 #include "speech.h"
@@ -58,7 +58,7 @@ int run(const std::vector<fs::path>& arguments) {
         std::cerr << "Usage: make_sounds RECIPES_FOLDER OUT_FOLDER\n";
         return 1;
     }
-    try {
+    return run_tool([&] {
         const fs::path& recipes = arguments[0];
         const fs::path& out = arguments[1];
         const fs::path letters = out / "Phonics" / "Lower_Case";
@@ -67,11 +67,7 @@ int run(const std::vector<fs::path>& arguments) {
         if (error) throw Failure("The folder " + letters.string() + " can't be made: " + error.message() + ".");
         make_cues(recipes / "cues", out);
         make_letters(recipes / "letters.tsv", letters);
-        return 0;
-    } catch (const std::exception& failure) {
-        std::cerr << failure.what() << '\n';
-        return 1;
-    }
+    });
 }
 
 }  // namespace

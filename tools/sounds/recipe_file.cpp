@@ -6,7 +6,7 @@
 #include <sstream>
 #include <utility>
 
-#include "failure.h"
+#include "../failure.h"
 
 namespace marrowfen {
 

@@ -8,7 +8,7 @@
 #include <string>
 #include <system_error>
 
-#include "failure.h"
+#include "../failure.h"
 
 namespace marrowfen {
 namespace {

@@ -7,7 +7,7 @@
 #include <sstream>
 #include <system_error>
 
-#include "failure.h"
+#include "../failure.h"
 #include "finish.h"
 #include "recipe_file.h"
 #include "resample.h"
