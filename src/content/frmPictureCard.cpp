@@ -1,16 +1,12 @@
 #include "content/frmPictureCard.h"
 
-#include <array>
 #include <utility>
+
+#include "content/card_words.h"
 
 namespace marrowfen {
 
 namespace {
-
-constexpr std::array<std::string_view, frmPictureCard::kCards> kWords{
-    "apple",  "ball", "cat",      "dog",    "egg",   "fish",   "gate", "horse", "igloo",
-    "jigsaw", "key",  "lion",     "mouse",  "nail",  "orange", "pig",  "queen", "rabbit",
-    "sun",    "tree", "umbrella", "violin", "watch", "xray",   "yoyo", "zebra"};
 
 constexpr Twips kFromRightEnd = 130;
 
@@ -20,7 +16,7 @@ frmPictureCard::frmPictureCard(Program& program)
     : ProgramForm(program, {.size = {1785, 1890}, .placement = Placement::Own}) {}
 
 void frmPictureCard::SetPics() {
-    for (std::size_t i = 0; i < kWords.size(); ++i) program_.state.CardWords[i + 1] = kWords[i];
+    for (std::size_t i = 0; i < kCardWords.size(); ++i) program_.state.CardWords[i + 1] = kCardWords[i];
 }
 
 void frmPictureCard::place() {

@@ -33,17 +33,21 @@ void Program::PlayCue(std::string_view name) {
     desktop.yield();
 }
 
+void Program::tell_if_unreadable(const RowSet& rows) {
+    const auto failure = rows.failure();
+    if (failure) tell("Sorry, that can't be read just now: " + failure->reason + ". Please tell your teacher.");
+}
+
 std::unique_ptr<RowSet> Program::open_rows(std::string_view table_or_query) {
     auto rows = state.GameDb->open(table_or_query);
-    if (const auto failure = rows->failure()) {
-        tell("Sorry, that can't be read just now: " + failure->reason + ". Please tell your teacher.");
-    }
+    tell_if_unreadable(*rows);
     return rows;
 }
 
 Value Program::LookupField(std::string_view table, std::string_view field, std::string_view criterion) {
-    const auto rows = open_rows(table);
+    const auto rows = state.GameDb->open(table);
     rows->find_first(criterion);
+    tell_if_unreadable(*rows);
     return rows->no_match() ? Value{std::int64_t{0}} : rows->field(field);
 }
 

@@ -81,6 +81,9 @@ public:
 
     /// A file below the program's folder; `below` begins with a backslash.
     [[nodiscard]] std::string path(std::string_view below) const;
+
+private:
+    void tell_if_unreadable(const RowSet& rows);
 };
 
 /// `field='text'`, fit for any text: a quote inside is doubled.

@@ -1,18 +1,14 @@
 #include "picture_list.h"
 
-#include <array>
 #include <map>
 
 #include "board/key_table.h"
+#include "content/card_words.h"
 #include "platform/sqlite/folding.h"
 
 namespace marrowfen {
 
 namespace {
-
-constexpr std::array kCards{"apple",  "ball", "cat",      "dog",    "egg",   "fish",   "gate", "horse", "igloo",
-                            "jigsaw", "key",  "lion",     "mouse",  "nail",  "orange", "pig",  "queen", "rabbit",
-                            "sun",    "tree", "umbrella", "violin", "watch", "xray",   "yoyo", "zebra"};
 
 // Faces of keys have the extension in capitals, tiles and cards in small letters.
 constexpr const char* kFace = ".BMP";
@@ -64,7 +60,7 @@ std::vector<std::string> pictures_for(const Content& content) {
         list.add_keys(std::string("Simple/") + letters, kTile);       // the letter tried, the letter found
         list.add_keys(std::string("Simple/Back/") + letters, kFace);  // the typing tests
     }
-    for (const char* card : kCards) list.add("Simple/Back/Pictures/Flash", card, kTile);
+    for (const std::string_view card : kCardWords) list.add("Simple/Back/Pictures/Flash", std::string(card), kTile);
     for (const GameLook& look : content.looks) {
         add_faces(list, look);
         list.add_keys("Simple/" + look.tiles, kTile);

@@ -7,8 +7,7 @@
 
 namespace marrowfen {
 
-SdlSound::SdlSound(const Files& files)
-    : files_(files), worker_([this](const std::stop_token& stop) { work(stop); }) {}
+SdlSound::SdlSound(const Files& files) : files_(files), worker_([this](const std::stop_token& stop) { work(stop); }) {}
 
 void SdlSound::start(std::string_view path) {
     {

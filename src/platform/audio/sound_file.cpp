@@ -32,7 +32,8 @@ bool is_fit_for_a_cue(const SF_INFO& info) {
 // A pipe or a device could keep the reader waiting for ever.
 bool is_worth_opening(const std::filesystem::path& file) {
     std::error_code error;
-    return std::filesystem::is_regular_file(file, error) && std::filesystem::file_size(file, error) <= kMostBytes && !error;
+    return std::filesystem::is_regular_file(file, error) && std::filesystem::file_size(file, error) <= kMostBytes &&
+           !error;
 }
 
 }  // namespace

@@ -22,8 +22,9 @@ public:
 
     [[nodiscard]] virtual QWidget& widget() = 0;
     virtual void refresh() = 0;
-    virtual void resize_to(const Scale& scale, const Typefaces& faces) = 0;  ///< what hangs on the scale, but for its bounds
-    virtual void forget() = 0;  ///< the control is about to go: it is never asked again
+    virtual void resize_to(const Scale& scale,
+                           const Typefaces& faces) = 0;  ///< what hangs on the scale, but for its bounds
+    virtual void forget() = 0;                           ///< the control is about to go: it is never asked again
 };
 
 /// nullptr for a control that is only painted. The widget belongs to its parent.

@@ -34,8 +34,7 @@ std::optional<QFont> shrunk(const QFont& font, int smallest, const std::predicat
 }
 
 bool fits_wrapped(const QString& text, const QFont& font, QSize size) {
-    const QRect needed =
-        QFontMetrics(font).boundingRect(QRect(0, 0, size.width(), kNoLimit), Qt::TextWordWrap, text);
+    const QRect needed = QFontMetrics(font).boundingRect(QRect(0, 0, size.width(), kNoLimit), Qt::TextWordWrap, text);
     return needed.width() <= size.width() && needed.height() <= size.height();
 }
 

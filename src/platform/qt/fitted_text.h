@@ -1,9 +1,9 @@
 #pragma once
 
+#include <QtCore/qnamespace.h>
 #include <QFont>
 #include <QRect>
 #include <QString>
-#include <QtCore/qnamespace.h>
 
 class QPainter;
 

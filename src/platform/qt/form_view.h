@@ -19,10 +19,10 @@ public:
     [[nodiscard]] Control* control_of(const QWidget* field) const;  ///< nullptr: none of this form's fields
     [[nodiscard]] QWidget* widget_for_focus() const;
 
-    void lay_out();                    ///< places itself where the form is now, in the scale of now
-    void refresh_fields();             ///< if something changed since the last time
-    bool changed(const Rect& part);    ///< whether there are fields that may have to be refreshed
-    void dismiss();                    ///< leaves the screen at once, and dies when nothing needs it any more
+    void lay_out();                  ///< places itself where the form is now, in the scale of now
+    void refresh_fields();           ///< if something changed since the last time
+    bool changed(const Rect& part);  ///< whether there are fields that may have to be refreshed
+    void dismiss();                  ///< leaves the screen at once, and dies when nothing needs it any more
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -31,9 +31,12 @@ HouseStyle::HouseStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
 
 int HouseStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
     switch (metric) {
-        case PM_ScrollBarExtent: return scroll_bar_width_;
-        case PM_ScrollBarSliderMin: return 2 * scroll_bar_width_;
-        default: return QProxyStyle::pixelMetric(metric, option, widget);
+        case PM_ScrollBarExtent:
+            return scroll_bar_width_;
+        case PM_ScrollBarSliderMin:
+            return 2 * scroll_bar_width_;
+        default:
+            return QProxyStyle::pixelMetric(metric, option, widget);
     }
 }
 

@@ -18,10 +18,13 @@ namespace {
 KeyEvent to_key_event(const QKeyEvent& event) {
     const bool alt = event.modifiers().testFlag(Qt::AltModifier);
     switch (event.key()) {
-        case Qt::Key_D: return {Key::D, alt};
+        case Qt::Key_D:
+            return {Key::D, alt};
         case Qt::Key_Return:
-        case Qt::Key_Enter: return {Key::Enter, alt};
-        default: return {Key::Other, alt};
+        case Qt::Key_Enter:
+            return {Key::Enter, alt};
+        default:
+            return {Key::Other, alt};
     }
 }
 
@@ -33,11 +36,16 @@ char32_t character_of(const QKeyEvent& event) {
     if (held.testFlag(Qt::AltModifier) && !held.testFlag(Qt::ControlModifier)) return 0;
     switch (event.key()) {
         case Qt::Key_Return:
-        case Qt::Key_Enter: return U'\r';
-        case Qt::Key_Backspace: return U'\b';
-        case Qt::Key_Escape: return U'\x1B';
-        case Qt::Key_Delete: return 0;
-        default: break;
+        case Qt::Key_Enter:
+            return U'\r';
+        case Qt::Key_Backspace:
+            return U'\b';
+        case Qt::Key_Escape:
+            return U'\x1B';
+        case Qt::Key_Delete:
+            return 0;
+        default:
+            break;
     }
     const auto characters = event.text().toUcs4();
     return characters.isEmpty() ? 0 : static_cast<char32_t>(characters.first());
@@ -52,22 +60,31 @@ bool is_for_popup(const QKeyEvent& event) {
 
 bool Input::eventFilter(QObject* watched, QEvent* event) {
     if (!watched->isWindowType()) return false;
+    const bool is_popup = QApplication::activePopupWidget() != nullptr;
+    const bool is_window = watched == stage_.window().windowHandle();
+    if (!is_window && !is_popup) return false;
     switch (event->type()) {
-        case QEvent::KeyPress: return key_down(*static_cast<QKeyEvent*>(event));
+        case QEvent::KeyPress:
+            return key_down(*static_cast<QKeyEvent*>(event));
         case QEvent::KeyRelease: {
             const auto& key = *static_cast<QKeyEvent*>(event);
             if (!key.isAutoRepeat()) desktop_.key_released(to_key_event(key));
             return false;
         }
-        default: break;
+        default:
+            break;
     }
-    if (watched != stage_.window().windowHandle() || QApplication::activePopupWidget() != nullptr) return false;
+    if (is_popup) return false;
     switch (event->type()) {
         case QEvent::MouseButtonPress:
-        case QEvent::MouseButtonDblClick: return pressed(*static_cast<QMouseEvent*>(event));
-        case QEvent::MouseMove: return moved(*static_cast<QMouseEvent*>(event));
-        case QEvent::MouseButtonRelease: return released(*static_cast<QMouseEvent*>(event));
-        default: return false;
+        case QEvent::MouseButtonDblClick:
+            return pressed(*static_cast<QMouseEvent*>(event));
+        case QEvent::MouseMove:
+            return moved(*static_cast<QMouseEvent*>(event));
+        case QEvent::MouseButtonRelease:
+            return released(*static_cast<QMouseEvent*>(event));
+        default:
+            return false;
     }
 }
 

@@ -11,7 +11,7 @@
 namespace marrowfen {
 
 QSize RoomyRows::sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const {
-    return {1, option.fontMetrics.height() * 5 / 4};
+    return {1, height(option.fontMetrics)};
 }
 
 void RoomyRows::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
@@ -62,6 +62,13 @@ void ListField::refresh() {
 void ListField::resize_to(const Scale& scale, const Typefaces& faces) {
     setFont(faces.caption(list_->style.font, scale.widget_pixels(design_pixels(list_->style.font.points))));
     setLineWidth(scale.widget_pixels(1));
+}
+
+// Only whole rows are shown; what is left of the height stays empty.
+void ListField::resizeEvent(QResizeEvent* event) {
+    const int left_over = (height() - 2 * frameWidth()) % RoomyRows::height(fontMetrics());
+    setViewportMargins(0, 0, 0, std::max(0, left_over));
+    QListView::resizeEvent(event);
 }
 
 void ListField::mousePressEvent(QMouseEvent* event) {

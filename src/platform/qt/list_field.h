@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QFontMetrics>
 #include <QListView>
 #include <QStringListModel>
 #include <QStyledItemDelegate>
@@ -16,6 +17,7 @@ namespace marrowfen {
 class RoomyRows final : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
+    [[nodiscard]] static int height(const QFontMetrics& metrics) { return metrics.height() * 5 / 4; }
     [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 
 protected:
@@ -33,6 +35,7 @@ public:
     void forget() override { list_ = nullptr; }
 
 protected:
+    void resizeEvent(QResizeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;

@@ -49,7 +49,8 @@ void Stage::resized() {
 }
 
 FormView* Stage::view_of(const Form* form) const {
-    const auto view = std::ranges::find_if(views_, [&](const FormView* candidate) { return &candidate->form() == form; });
+    const auto view =
+        std::ranges::find_if(views_, [&](const FormView* candidate) { return &candidate->form() == form; });
     return view == views_.end() ? nullptr : *view;
 }
 

@@ -7,8 +7,9 @@
 namespace marrowfen {
 
 std::unique_ptr<QApplication> start_toolkit(int& argc, char** argv) {
-    QApplication::setStyle(std::make_unique<HouseStyle>().release());  // set first, or Qt loads the desktop's as well
-    auto toolkit = std::make_unique<QApplication>(argc, argv);
+    // Qt owns it. Once Qt runs it would have loaded the desktop's own style as well.
+    QApplication::setStyle(new HouseStyle);
+    auto toolkit = std::make_unique<QApplication>(argc, argv);  // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks)
     QApplication::setApplicationName(QStringLiteral("Marrowfen"));
     QGuiApplication::setDesktopFileName(QStringLiteral("marrowfen"));
     QApplication::setEffectEnabled(Qt::UI_AnimateCombo, false);

@@ -27,7 +27,7 @@ QFont face_of(const QString& family, int pixels) {
     QFont face(family);
     face.setStyleHint(QFont::SansSerif);
     face.setPixelSize(pixels);
-    // Who learns to read and spell must see two t's, not a ligature. Qt leaves ligatures out where letters are spaced.
+    // Who learns to spell must see two f's, not a ligature. Qt leaves ligatures out where letters are spaced.
     constexpr double kLeastSpacing = 1.0 / 64;
     face.setLetterSpacing(QFont::AbsoluteSpacing, kLeastSpacing);
     return face;

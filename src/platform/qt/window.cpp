@@ -6,7 +6,6 @@
 #include <QPainter>
 #include <QScreen>
 #include <QSvgRenderer>
-#include <QTimer>
 #include <QWindow>
 
 namespace marrowfen {
@@ -17,7 +16,7 @@ QIcon program_icon() {
     QSvgRenderer drawing(QStringLiteral(":/artwork/icon.svg"));
     QIcon icon;
     if (!drawing.isValid()) return icon;
-    for (const int size : {16, 32, 48, 128}) {
+    for (const int size : {16, 32, 48, 256}) {
         QPixmap pixmap(size, size);
         pixmap.fill(Qt::transparent);
         QPainter painter(&pixmap);
@@ -36,7 +35,6 @@ Window::Window() {
     QPalette yellow;
     yellow.setColor(QPalette::Window, Qt::yellow);  // until the backdrop is painted
     setPalette(yellow);
-    setMouseTracking(true);
 }
 
 void Window::fill_screen() {
@@ -47,7 +45,7 @@ void Window::fill_screen() {
         if (on_resized) on_resized();
     });
     showFullScreen();
-    QTimer::singleShot(0, this, [this] { setWindowIcon(program_icon()); });  // nobody waits for it
+    setWindowIcon(program_icon());  // while the window system opens the window
 }
 
 // A window manager keeps a full-screen window in the size of its screen; where there is none we do. A Wayland client
