@@ -16,7 +16,7 @@ public:
     // clang-format off
     //                            left   top  width height
     Shape   Shape1     {*this, {    60,   60, 10065, 4335}, {.outline = kBlue, .outline_pixels = 5}};
-    Label   ErrMsg     {*this, {   135,   60,  9945, 3570}, "", comic_bold(18), kRed};
+    Label   ErrMsg     {*this, {   135,   60,  9945, 3570}, "", comic_bold(18), kRed, Align::Middle};
     TextBox Text1      {*this, {   375, 3855,    30,  150}, TextBox::Mode::Editable,
                         {.font = comic(8), .fore = kYellow, .back = kYellow, .framed = false}};
     Image   ContinuePr {*this, {  3780, 3645,  2745,  690}, art::kContinuePressed};

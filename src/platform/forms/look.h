@@ -29,7 +29,7 @@ constexpr Colour kWhite{0x00FFFFFF};
 
 enum class Weight : std::uint8_t { Normal, Bold };
 enum class Underline : std::uint8_t { No, Yes };
-enum class Align : std::uint8_t { Left, Centre };
+enum class Align : std::uint8_t { Left, Centre, Middle };  ///< Middle: centred both ways
 
 /// The caption face in a size of `points` (one point is 20 twips). Which typeface that is, the adapter knows.
 struct Font {

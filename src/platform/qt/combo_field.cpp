@@ -13,7 +13,7 @@
 namespace marrowfen {
 
 ComboField::ComboField(Desktop& desktop, ComboBox& combo, QWidget* parent) : QComboBox(parent), combo_(&combo) {
-    constexpr int kMostRows = 10;
+    constexpr int kMostRows = 8;  // they fit below the box
     setMaxVisibleItems(kMostRows);
     setItemDelegate(new RoomyRows(this));
     setCursor(Qt::PointingHandCursor);

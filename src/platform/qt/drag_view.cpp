@@ -31,7 +31,7 @@ void DragView::lift(const PictureBox& tile) {
     const Scale& scale = surroundings_.scale;
     const QSize size = scale.device(tile.bounds()).size() * kLarger;
     picture_ = QPixmap(size);
-    picture_.fill(tile.back ? to_qt(*tile.back) : QColor(Qt::white));
+    picture_.fill(tile.back ? to_qt(*tile.back) : QColor(Qt::transparent));
     if (const QPixmap face = surroundings_.pictures.render(tile.Picture, Stretch::Yes, size, scale); !face.isNull()) {
         QPainter(&picture_).drawPixmap(0, 0, face);
     }

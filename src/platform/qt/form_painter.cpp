@@ -12,7 +12,17 @@ namespace marrowfen {
 
 namespace {
 
-Qt::Alignment qt_alignment(Align align) { return align == Align::Centre ? Qt::AlignHCenter : Qt::AlignLeft; }
+Qt::Alignment qt_alignment(Align align) {
+    switch (align) {
+        case Align::Left:
+            return Qt::AlignLeft | Qt::AlignTop;
+        case Align::Centre:
+            return Qt::AlignHCenter | Qt::AlignTop;
+        case Align::Middle:
+            break;
+    }
+    return Qt::AlignCenter;
+}
 
 // A rectangle whose line lies wholly inside.
 QRectF inside(const QRect& bounds, double line) {
@@ -88,7 +98,7 @@ void FormPainter::paint_label(QPainter& painter, const Label& label, const QRect
     if (label.back) painter.fillRect(bounds, to_qt(*label.back));
     painter.setPen(to_qt(label.ForeColor));
     const QFont font = faces_.caption(label.font, scale_.device_pixels(design_pixels(label.font.points)));
-    draw_wrapped(painter, bounds, qt_alignment(label.align) | Qt::AlignTop, QString::fromStdString(label.Caption), font,
+    draw_wrapped(painter, bounds, qt_alignment(label.align), QString::fromStdString(label.Caption), font,
                  smallest_text());
 }
 

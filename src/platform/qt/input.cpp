@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
-#include <QPointer>
 #include <QWindow>
 #include <utility>
 
@@ -88,14 +87,12 @@ bool Input::eventFilter(QObject* watched, QEvent* event) {
     }
 }
 
-// The key goes on to the widget that had the focus when it was pressed, or to none.
 bool Input::key_down(const QKeyEvent& event) {
     if (is_for_popup(event)) return false;
     stage_.catch_up();
-    const QPointer<QWidget> focus = stage_.window().focusWidget();
     if (desktop_.key_down(to_key_event(event))) return true;
-    if (const char32_t character = character_of(event); character != 0 && desktop_.key_pressed(character)) return true;
-    return focus.isNull() || focus != stage_.window().focusWidget();
+    const char32_t character = character_of(event);
+    return character != 0 && desktop_.key_pressed(character);
 }
 
 bool Input::pressed(const QMouseEvent& event) {

@@ -24,7 +24,7 @@ Qt::CursorShape cursor_over(const Control* control) {
 }  // namespace
 
 Stage::Stage(const Files& files) : surroundings_(files), drag_view_(surroundings_, &window_) {
-    surroundings_.scale = Scale(window_.screen()->size(), window_.devicePixelRatioF());
+    scale_to(window_.screen()->size());
     catch_up_.setSingleShot(true);
     catch_up_.callOnTimeout([this] { sync(); });
     window_.on_resized = [this] { resized(); };
@@ -38,13 +38,20 @@ void Stage::attach(Desktop& desktop) {
     qApp->installEventFilter(input_.get());
 }
 
-void Stage::resized() {
-    const Scale scale(window_.size(), window_.devicePixelRatioF());
-    if (scale == surroundings_.scale) return;
-    const Size before = surroundings_.scale.screen();
+bool Stage::scale_to(QSize size) {
+    const Scale scale(size, window_.devicePixelRatioF());
+    if (scale == surroundings_.scale) return false;
     surroundings_.scale = scale;
     static_cast<HouseStyle*>(QApplication::style())->set_scroll_bar_width(scale.widget_pixels(kScrollBarWidth));
-    if (surroundings_.desktop != nullptr && scale.screen() != before) surroundings_.desktop->screen_changed();
+    return true;
+}
+
+void Stage::resized() {
+    const Size before = surroundings_.scale.screen();
+    if (!scale_to(window_.size())) return;
+    if (surroundings_.desktop != nullptr && surroundings_.scale.screen() != before) {
+        surroundings_.desktop->screen_changed();
+    }
     rearranged();
 }
 

@@ -41,6 +41,7 @@ public:
     [[nodiscard]] Control* field_at(QPoint in_window) const;  ///< nullptr: what is there is only painted
 
 private:
+    bool scale_to(QSize size);  ///< false: it is that already
     void resized();
     void sync();
     void sync_views();
