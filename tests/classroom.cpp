@@ -1,7 +1,6 @@
 #include "classroom.h"
 
 #include <algorithm>
-#include <fstream>
 
 #include "board/frmSimpleKeyBoard.h"
 #include "pupils/frmErrmsg.h"
@@ -20,8 +19,7 @@ const std::filesystem::path& built_store() {
     static const TemporaryFolder folder;
     static const std::filesystem::path path = [] {
         auto file = folder.path() / "data.mdb";
-        const auto faults = build_store(MARROWFEN_CONTENT_FOLDER, file);
-        for (const std::string& fault : faults) ADD_FAILURE() << fault;
+        EXPECT_EQ(build_store(MARROWFEN_CONTENT_FOLDER, file), std::vector<std::string>{});
         return file;
     }();
     return path;
@@ -67,10 +65,14 @@ private:
     const bool& refuses_;
 };
 
-// Of the first letter in a text, in bytes.
-std::size_t length_of_letter(std::string_view text) {
-    const auto lead = static_cast<unsigned char>(text.front());
-    return lead < 0x80 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
+// A letter may take several bytes.
+std::vector<std::string> letters_of(std::string_view text) {
+    std::vector<std::string> letters;
+    for (const char c : text) {
+        if ((static_cast<unsigned char>(c) & 0xC0U) != 0x80U) letters.emplace_back();
+        letters.back() += c;
+    }
+    return letters;
 }
 
 char32_t code_of(std::string_view letter) {
@@ -80,15 +82,13 @@ char32_t code_of(std::string_view letter) {
     return code;
 }
 
-std::size_t letters_in(std::string_view text) {
-    std::size_t letters = 0;
-    for (; !text.empty(); text.remove_prefix(length_of_letter(text))) ++letters;
-    return letters;
+Point centre_on_screen(const Control& control) {
+    const Rect place = control.bounds();
+    return {control.form().Left + place.centre().x, control.form().Top + place.centre().y};
 }
 
-Point centre_on_screen(const Control& control) {
-    const Point centre = control.bounds().centre();
-    return {control.form().Left + centre.x, control.form().Top + centre.y};
+Point corner_on_screen(const Control& control) {
+    return {control.form().Left + control.Left, control.form().Top + control.Top};
 }
 
 }  // namespace
@@ -203,14 +203,12 @@ void Pupil::drags(Control& tile, Control& target) {
 }
 
 void Pupil::types(std::string_view text) {
-    while (!text.empty()) {
-        const std::string_view letter = text.substr(0, length_of_letter(text));
-        text.remove_prefix(letter.size());
+    for (const std::string& letter : letters_of(text)) {
         if (!room_.desktop.key_down({}) && !room_.desktop.key_pressed(code_of(letter))) {
             Form* active = room_.desktop.active();
             auto* box = active == nullptr ? nullptr : dynamic_cast<TextBox*>(active->focus());
-            if (box != nullptr && letters_in(box->Text.get()) < box->max_length) {
-                room_.desktop.text_edited(*box, box->Text.get() + std::string(letter));
+            if (box != nullptr && letters_of(box->Text.get()).size() < box->max_length) {
+                room_.desktop.text_edited(*box, box->Text.get() + letter);
             }
         }
         room_.desktop.key_released({});
@@ -227,6 +225,7 @@ void Pupil::chooses(ComboBox& combo, std::string_view entry) {
     const auto& entries = combo.entries();
     const auto place = std::ranges::find(entries, entry);
     ASSERT_NE(place, entries.end()) << entry << " is not in the list";
+    if (!can_reach(combo, corner_on_screen(combo))) return;
     room_.desktop.clicked_into(combo);
     room_.desktop.chosen(combo, static_cast<std::size_t>(place - entries.begin()));
 }
@@ -235,6 +234,7 @@ void Pupil::selects(ListBox& list, std::string_view beginning) {
     const auto& entries = list.entries();
     const auto place = std::ranges::find_if(entries, [&](const std::string& e) { return e.starts_with(beginning); });
     ASSERT_NE(place, entries.end()) << beginning << " is not in the list";
+    if (!can_reach(list, corner_on_screen(list))) return;
     room_.desktop.clicked_into(list);
     room_.desktop.selected(list, static_cast<std::size_t>(place - entries.begin()));
 }
@@ -255,16 +255,10 @@ void Pupil::picks_game(int template_id) { double_clicks(room_.form<frmGames>().L
 
 void Pupil::joins(const Team& team) {
     auto& form = room_.form<frmSettings>();
-    switch (team.time_limit) {
-        case kRedTeam.time_limit:
-            return press(form.redDe);
-        case kYellowTeam.time_limit:
-            return press(form.YellowDe);
-        case kGreenTeam.time_limit:
-            return press(form.GreenDe);
-        default:
-            return press(form.BlueDe);
-    }
+    press(team.time_limit == kRedTeam.time_limit      ? form.redDe
+          : team.time_limit == kYellowTeam.time_limit ? form.YellowDe
+          : team.time_limit == kGreenTeam.time_limit  ? form.GreenDe
+                                                      : form.BlueDe);
 }
 
 void Pupil::starts_the_clock() { presses(&frmTimer::Timer_Start_De); }

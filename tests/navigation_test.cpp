@@ -158,6 +158,21 @@ TEST(Navigation, EveryWayLeadsToItsFormsAndLeavesNoOther) {
     }
 }
 
+TEST(Navigation, SomeTileGamesCloseWhatAnEarlierGameLeftOpen) {
+    for (const auto& [board, closes] :
+         std::vector<std::pair<void (*)(Seat&), bool>>{{board<7>, true}, {board<8>, false}}) {
+        Seat seat;
+        for (const Id id : {Id::frmWord, Id::frmWordsUsed, Id::frmSentence, Id::frmPictureCard}) {
+            seat.room.program.forms.load(id);
+        }
+        board(seat);
+        EXPECT_EQ(seat.room.program.forms.find(Id::frmWord) == nullptr, closes);
+        EXPECT_EQ(seat.room.program.forms.find(Id::frmWordsUsed) == nullptr, closes);
+        EXPECT_EQ(seat.room.program.forms.find(Id::frmSentence) == nullptr, closes);
+        EXPECT_EQ(seat.room.program.forms.find(Id::frmPictureCard) == nullptr, closes);
+    }
+}
+
 TEST(Navigation, AMessageGoesAndLeavesWhatWasBelow) {
     Seat seat;
     new_pupil(seat);

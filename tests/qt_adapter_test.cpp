@@ -1,126 +1,23 @@
-#include <gtest/gtest.h>
-
-#include <QApplication>
 #include <QComboBox>
-#include <QImage>
 #include <QLineEdit>
 #include <QListView>
-#include <QTemporaryDir>
-#include <QTest>
-#include <QWindow>
-#include <string>
-#include <vector>
 
-#include "platform/forms/desktop.h"
 #include "platform/forms/picture_button.h"
-#include "platform/qt/qt_display.h"
 #include "platform/qt/toolkit.h"
-#include "platform/system/disk_files.h"
+#include "toy_screen.h"
 
 namespace marrowfen {
 namespace {
 
-using Told = std::vector<std::string>;
-
-struct Toy : Form {
-    explicit Toy(Desktop& the_desktop, Level level = Level::TopMost, Size size = {7500, 6000})
-        : Form(the_desktop, {.size = size, .level = level, .key_preview = KeyPreview::Yes, .back = kYellow}) {}
-    void key_down(const KeyEvent& event) override {
-        if (event.key == Key::D && event.alt) told.emplace_back("Alt+D");
-    }
-    Told told;
-};
-
-/// A form with one control, which stands 100 pixels of the design from its upper left.
-template <class C>
-struct Holding : Toy {
-    template <class... Args>
-    explicit Holding(Desktop& the_desktop, Size size, Args&&... args)
-        : Toy(the_desktop), control(*this, {1500, 1500, size.width, size.height}, std::forward<Args>(args)...) {}
-    C control;
-};
-
-class QtAdapterTest : public testing::Test {
-protected:
-    QtAdapterTest() { display_.attach(desktop_); }
-
-    template <class F, class... Args>
-    F& shows(Args&&... args) {
-        auto& form = static_cast<F&>(desktop_.load(std::make_unique<F>(desktop_, std::forward<Args>(args)...)));
-        desktop_.show(form);
-        settle();
-        return form;
-    }
-    void screen_is(int width, int height) {
-        settle();
-        window().resize(width, height);
-        scale_ = std::min(width / 1024.0, height / 768.0);
-        settle();
-    }
-    void settle() { display_.run_waiting_events(); }
-
-    [[nodiscard]] static QWidget& window() {
-        for (QWidget* widget : QApplication::topLevelWidgets()) {
-            if (widget->windowTitle() == "Marrowfen") return *widget;
-        }
-        throw std::logic_error("there is no window");
-    }
-    template <class W>
-    [[nodiscard]] static W& field() {
-        return *window().findChild<W*>();
-    }
-    void draw_picture(const QString& name, QSize size, QColor colour, int dots_per_metre = 3780) const {
-        QImage image(size, QImage::Format_RGB32);
-        image.fill(colour);
-        image.setDotsPerMeterX(dots_per_metre);
-        image.setDotsPerMeterY(dots_per_metre);
-        ASSERT_TRUE(image.save(folder_.filePath(name)));
-    }
-    [[nodiscard]] Picture picture(const std::string& name) const {
-        return Picture::file(files_.program_folder() + "\\" + name);
-    }
-
-    /// Pixels of the design, on a form; what they are on the screen.
-    [[nodiscard]] QPoint at(const Form& form, int x, int y) const {
-        const auto on_screen = [&](Twips start, int design) { return (start / 15.0 + design) * scale_; };
-        return {static_cast<int>(on_screen(form.Left, x) + 0.5), static_cast<int>(on_screen(form.Top, y) + 0.5)};
-    }
-    [[nodiscard]] QColor seen(const Form& form, int x, int y) const {
-        return window().grab().toImage().pixelColor(at(form, x, y));
-    }
-    /// What differs from the form's yellow, inside a part of it.
-    [[nodiscard]] QRect ink(const Form& form, QRect part) const {
-        const QImage image = window().grab().toImage();
-        QRect found;
-        for (int y = part.top(); y <= part.bottom(); ++y) {
-            for (int x = part.left(); x <= part.right(); ++x) {
-                if (image.pixelColor(at(form, x, y)) != QColor(Qt::yellow)) found |= QRect(x, y, 1, 1);
-            }
-        }
-        return found;
-    }
-
-    void press(const Form& form, int x, int y) { QTest::mousePress(&handle(), Qt::LeftButton, {}, at(form, x, y)); }
-    void release(const Form& form, int x, int y) { QTest::mouseRelease(&handle(), Qt::LeftButton, {}, at(form, x, y)); }
-    void move(const Form& form, int x, int y) { QTest::mouseMove(&handle(), at(form, x, y)); }
-    void click(const Form& form, int x, int y) { QTest::mouseClick(&handle(), Qt::LeftButton, {}, at(form, x, y)); }
-    void type(Qt::Key key, Qt::KeyboardModifiers held = {}) { QTest::keyClick(&handle(), key, held); }
-    void type(const char* text) {
-        for (; *text != 0; ++text) QTest::keyClick(&handle(), *text);
-    }
-    [[nodiscard]] static QWindow& handle() { return *window().windowHandle(); }
-
-    QTemporaryDir folder_;
-    const DiskFiles files_{folder_.path().toStdString()};
-    QtDisplay display_{files_};
-    Desktop desktop_{display_};
-    double scale_ = 800 / 1024.0;  // of the screen that this platform pretends to have
-};
+using QtAdapterTest = ToyScreen;
 
 struct Gallery : Toy {
     Gallery(Desktop& the_desktop, const Picture& red, const Picture& fine, const Picture& missing)
-        : Toy(the_desktop), box(*this, {1500, 1500, 660, 600}, kWhite), natural(*this, {3000, 1500, 1500, 1500}, fine, Stretch::No),
-          absent(*this, {1500, 3000, 900, 600}, missing), drawing(*this, {3000, 3000, 2745, 660}, Picture::artwork("exit")) {
+        : Toy(the_desktop),
+          box(*this, {1500, 1500, 660, 600}, kWhite),
+          natural(*this, {3000, 1500, 1500, 1500}, fine, Stretch::No),
+          absent(*this, {1500, 3000, 900, 600}, missing),
+          drawing(*this, {3000, 3000, 2745, 660}, Picture::artwork("exit")) {
         box.Picture = red;
     }
     PictureBox box;
@@ -134,11 +31,14 @@ TEST_F(QtAdapterTest, PicturesStandWhereTheyBelongOnEveryScreen) {
     for (const QSize screen : {QSize(1024, 768), QSize(1600, 1200), QSize(1366, 768), QSize(2048, 1536)}) {
         screen_is(screen.width(), screen.height());
         SCOPED_TRACE(screen.width());
-        for (const QPoint inside : {QPoint(100, 100), QPoint(143, 139)}) EXPECT_EQ(seen(form, inside.x(), inside.y()), QColor(Qt::red));
+        for (const QPoint inside : {QPoint(100, 100), QPoint(143, 139)}) {
+            EXPECT_EQ(seen(form, inside.x(), inside.y()), QColor(Qt::red));
+        }
         for (const QPoint outside : {QPoint(98, 100), QPoint(100, 98), QPoint(145, 139), QPoint(143, 141)}) {
             EXPECT_EQ(seen(form, outside.x(), outside.y()), QColor(Qt::yellow));
         }
-        EXPECT_EQ(ink(form, {190, 90, 120, 100}), QRect(200, 100, 30, 20)) << "three dots of the file to a pixel of the design";
+        EXPECT_EQ(ink(form, {190, 90, 120, 100}), QRect(200, 100, 30, 20))
+            << "three dots of the file to a pixel of the design";
         EXPECT_GT(ink(form, {101, 201, 58, 38}).width(), 40) << "a missing picture is its name in letters";
         EXPECT_EQ(ink(form, {160, 200, 30, 40}), QRect());
         EXPECT_GT(ink(form, {200, 200, 183, 44}).width(), 170);
@@ -146,12 +46,12 @@ TEST_F(QtAdapterTest, PicturesStandWhereTheyBelongOnEveryScreen) {
 }
 
 TEST_F(QtAdapterTest, TextIsDrawnSmallerUntilItFits) {
-    for (const char* caption : {"Short", "Extraordinarilylongword", "The quick brown fox jumps over the lazy dog."}) {
-        auto& form = shows<Holding<Label>>(Size{1500, 450}, caption, comic(18), kRed);
+    for (const char* caption : {"Short", "ExtraordinarilyWWWWWW", "The quick brown fox jumps over the lazy dog."}) {
+        auto& form = shows<Holding<Label>>(Size{1500, 450}, caption, comic(18), kRed, Align::Centre);
         screen_is(1024, 768);
         const QRect drawn = ink(form, {0, 0, 400, 300});
         EXPECT_GT(drawn.width(), 40);
-        EXPECT_TRUE(QRect(98, 100, 102, 30).contains(drawn)) << caption;
+        EXPECT_TRUE(QRect(101, 101, 98, 28).contains(drawn)) << caption;
         desktop_.unload(form);
     }
     auto& form = shows<Holding<TextBox>>(Size{1500, 450}, TextBox::Mode::ReadOnly,
@@ -169,13 +69,23 @@ TEST_F(QtAdapterTest, MouseAndKeysReachTheForms) {
     click(form, 150, 150);
     press(form, 199, 199), release(form, 400, 20);
     click(form, 201, 150);
-    QTest::mouseDClick(&handle(), Qt::LeftButton, {}, at(form, 150, 150));
+    double_click(at(form, 150, 150));
     type(Qt::Key_D), type(Qt::Key_D, Qt::AltModifier), type(Qt::Key_D, Qt::AltModifier | Qt::ShiftModifier);
-    EXPECT_EQ(form.told, (Told{"down", "up", "click", "down", "up", "down", "up", "click", "down", "up", "click", "Alt+D", "Alt+D"}));
+    EXPECT_EQ(form.told, (Told{"down", "up", "click", "down", "up", "down", "up", "click", "down", "up", "click",
+                               "Alt+D", "Alt+D"}));
     EXPECT_EQ(window().cursor().shape(), Qt::PointingHandCursor);
     move(form, 300, 300);
     EXPECT_EQ(window().cursor().shape(), Qt::ArrowCursor);
 }
+
+/// Takes the front back from whoever takes it.
+struct Message : Toy {
+    explicit Message(Desktop& the_desktop)
+        : Toy(the_desktop, {900, 450}),
+          answer(*this, {0, 0, 900, 450}, TextBox::Mode::Editable, TextBox::Style{comic(15.75)}) {}
+    void deactivated() override { desktop().set_focus(answer); }
+    TextBox answer;
+};
 
 TEST_F(QtAdapterTest, WhatIsTypedIntoATextBoxArrivesUnlessItIsSwallowed) {
     auto& form = shows<Holding<TextBox>>(Size{3000, 510}, TextBox::Mode::Editable, TextBox::Style{comic(15.75)}, 5U);
@@ -189,12 +99,19 @@ TEST_F(QtAdapterTest, WhatIsTypedIntoATextBoxArrivesUnlessItIsSwallowed) {
     type("e");
     EXPECT_EQ(form.control.Text, "Anne");
 
-    auto& message = shows<Toy>(Level::TopMost, Size{1500, 1500});
+    auto& other = shows<Toy>(Size{1500, 1500});
     type("z");
     EXPECT_EQ(form.control.Text, "Anne") << "another form is active";
     click(form, 150, 110), type("z");
     EXPECT_EQ(form.control.Text, "Annez");
-    desktop_.unload(message);
+    EXPECT_EQ(desktop_.active(), &form);
+
+    auto& message = shows<Message>();
+    desktop_.unload(other);
+    form.control.Text = "";
+    click(form, 290, 110), type("y");
+    EXPECT_EQ(form.control.Text, "") << "a message must be answered first";
+    EXPECT_EQ(message.answer.Text, "y");
 }
 
 TEST_F(QtAdapterTest, AnEntryOfADropDownListIsChosenAlsoWhenTheBoxShowsIt) {
@@ -212,7 +129,8 @@ TEST_F(QtAdapterTest, AnEntryOfADropDownListIsChosenAlsoWhenTheBoxShowsIt) {
         EXPECT_GT(popup->width(), 300);
         auto& rows = *field<QComboBox>().view();
         EXPECT_TRUE(QTest::qWaitFor([&] {  // a list that has only just dropped down does not take a click yet
-            QTest::mouseClick(rows.viewport(), Qt::LeftButton, {}, rows.visualRect(rows.model()->index(row, 0)).center());
+            QTest::mouseClick(rows.viewport(), Qt::LeftButton, {},
+                              rows.visualRect(rows.model()->index(row, 0)).center());
             return QApplication::activePopupWidget() == nullptr;
         }));
         type("A"), type("b");
@@ -229,18 +147,26 @@ TEST_F(QtAdapterTest, AListTellsItsSelectionDoubleClicksAndTheEnterKey) {
     form.control.on_double_click = [&] { form.told.push_back("double " + form.control.text()); };
     form.control.on_enter_key = [&] { form.told.push_back("enter " + form.control.text()); };
     auto& list = field<QListView>();
-    const auto row = [&](int i) { return list.viewport()->mapTo(&window(), list.visualRect(list.model()->index(i, 0)).center()); };
-    QTest::mouseClick(&handle(), Qt::LeftButton, {}, row(1));
+    const auto row = [&](int i) {
+        return list.viewport()->mapTo(&window(), list.visualRect(list.model()->index(i, 0)).center());
+    };
+    QTest::mouseClick(handle(), Qt::LeftButton, {}, row(1));
     EXPECT_EQ(form.control.text(), "2. Pictures");
-    QTest::mouseDClick(&handle(), Qt::LeftButton, {}, row(2));
+    double_click(row(2));
     type(Qt::Key_Up), type(Qt::Key_Return);
     EXPECT_EQ(form.told, (Told{"double 3. Sentences", "enter 2. Pictures"}));
     form.control.clear_selection();
     settle();
-    QTest::mouseDClick(&handle(), Qt::LeftButton, {}, list.viewport()->mapTo(&window(), QPoint(20, 140)));
+    double_click(list.viewport()->mapTo(&window(), QPoint(20, 140)));
     EXPECT_EQ(form.told.back(), "double ");
     type(Qt::Key_Down);
     EXPECT_EQ(form.control.text(), "1. Rhymes");
+
+    auto& above = shows<Holding<Image>>(Size{3000, 3000}, Picture{});
+    above.control.on_mouse_up = [&] { desktop_.unload(above); };
+    form.told.clear();
+    double_click(row(1));
+    EXPECT_EQ(form.told, Told{}) << "the first press was not for the list";
 }
 
 TEST_F(QtAdapterTest, AFormMayGoInTheMiddleOfItsOwnHandler) {
@@ -255,7 +181,7 @@ TEST_F(QtAdapterTest, AFormMayGoInTheMiddleOfItsOwnHandler) {
     auto& listing = shows<Holding<ListBox>>(Size{3000, 3000}, ListBox::Style{comic(14.25)});
     listing.control.add("1. Rhymes"), listing.control.on_double_click = [&] { go(listing); };
     settle();
-    QTest::mouseDClick(&handle(), Qt::LeftButton, {}, at(listing, 150, 110));
+    double_click(at(listing, 150, 110));
     auto& choosing = shows<Holding<ComboBox>>(Size{3000, 555}, ListBox::Style{comic(14.25)});
     choosing.control.add("Ann"), choosing.control.on_click = [&] { go(choosing); };
     settle(), type(Qt::Key_Down);

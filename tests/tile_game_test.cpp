@@ -54,6 +54,7 @@ TEST(TileGame, WithOneTileGoesThroughAllLettersOnce) {
     }
     EXPECT_EQ(letters.size(), 36U);
     EXPECT_EQ(desk.room.heard_and_forgotten(), cues);
+    EXPECT_EQ(desk.filled(), 0) << "the counters are ready for the next game";
     EXPECT_EQ(desk.room.open_forms(), (std::vector{FormId::frmBackGround, FormId::frmScore}));
 }
 

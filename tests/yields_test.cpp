@@ -84,11 +84,14 @@ TEST(EveryYieldOfEveryRule, MayBeTheOneInWhichTheTimeRunsOut) {
 }
 
 TEST(EveryYieldOfEveryRule, MayBeTheOneInWhichThePupilLeaves) {
-    in_every_yield([](Play& play) { play.ann.presses(&frmSimpleKeyBoard::close_De); },
-                   [](Play& play, bool) {
-                       EXPECT_EQ(play.room.open_forms(), (std::vector{FormId::frmBackGround, FormId::frmGames}));
-                       EXPECT_TRUE(play.room.heard_and_forgotten().empty());
-                   });
+    const auto types_and_leaves = [](Play& play) {
+        play.ann.types("q");
+        play.ann.presses(&frmSimpleKeyBoard::close_De);
+    };
+    in_every_yield(types_and_leaves, [](Play& play, bool) {
+        EXPECT_EQ(play.room.open_forms(), (std::vector{FormId::frmBackGround, FormId::frmGames}));
+        EXPECT_TRUE(play.room.heard_and_forgotten().empty());
+    });
 }
 
 class Judging : public ::testing::Test, protected Lesson {
@@ -115,14 +118,24 @@ TEST_F(Judging, GivesWayToANewGameThatBeginsInAYield) {
     }
 }
 
+TEST_F(Judging, OutlivesTheEndOfTheProgramInAYield) {
+    begins(26);
+    room.display.during_yield([this] {
+        room.seconds_pass(60);
+        ann.presses(&frmTimeUp::Exitde);
+    });
+    ann.types(wrong_letter());
+    EXPECT_TRUE(room.display.ended());
+    EXPECT_EQ(room.open_forms(), std::vector<FormId>{});
+}
+
 TEST_F(Judging, AKeyAndAClickWaitForTheLetterBeforeThemAndAreJudgedOnce) {
     for (const std::size_t yield : {0U, 1U}) {
         begins(14);
         const std::string left = room.form<frmWord>().Label1.Caption;
-        const std::string wrong = "0";
         room.display.during_yield(
             [&] {
-                ann.types(wrong);
+                ann.types("0");
                 ann.press(key("1"));
                 EXPECT_EQ(shown_by(room.form<frmWord>().Image1.Picture), "Upper\\2.bmp");
                 EXPECT_EQ(room.sound.heard().size(), 1U);
