@@ -1,6 +1,7 @@
 #include <QApplication>
 #include <QCoreApplication>
 #include <cstdlib>
+#include <filesystem>
 
 #include "app/all_forms.h"
 #include "platform/audio/sdl_sound.h"
@@ -17,7 +18,8 @@ using namespace marrowfen;
 
 int main(int argc, char** argv) {
     const auto toolkit = start_toolkit(argc, argv);
-    DiskFiles files(QCoreApplication::applicationDirPath().toStdString());
+    const std::filesystem::path folder = QCoreApplication::applicationDirPath().toStdString();
+    DiskFiles files(folder);
     SqliteStoreEngine store(files);
     SdlSound sound(files);
     QtClock clock;
@@ -33,9 +35,11 @@ int main(int argc, char** argv) {
     display.on_close_requested = [&program] { program.forms.unload_all(); };
 
     if (const auto failure = program.start()) {
-        show_start_failure(files, "Marrowfen can't start, because the file data.mdb beside it can't be opened: " +
-                                      failure->reason + ".");
+        show_start_failure(files, "Marrowfen can't start. The file " + (folder / "data.mdb").string() +
+                                      " holds the pupils and the games, and it can't be opened: " + failure->reason +
+                                      ". Put a copy of it there that can be read and written, or run ./run where "
+                                      "Marrowfen was built, which makes a new one.");
         return EXIT_FAILURE;
     }
-    return QApplication::exec();
+    return display.run();
 }

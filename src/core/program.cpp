@@ -1,6 +1,7 @@
 #include "core/program.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace marrowfen {
 
@@ -35,7 +36,9 @@ void Program::PlayCue(std::string_view name) {
 
 void Program::tell_if_unreadable(const RowSet& rows) {
     const auto failure = rows.failure();
-    if (failure) tell("Sorry, that can't be read just now: " + failure->reason + ". Please tell your teacher.");
+    const bool told_already = std::exchange(told_unreadable_, failure.has_value());
+    if (!failure || told_already) return;
+    tell("Sorry, that can't be read just now: " + failure->reason + ". Please tell your teacher.");
 }
 
 std::unique_ptr<RowSet> Program::open_rows(std::string_view table_or_query) {

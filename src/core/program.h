@@ -83,7 +83,10 @@ public:
     [[nodiscard]] std::string path(std::string_view below) const;
 
 private:
+    /// Once, and again only after something could be read: a form that reads whenever it comes back would otherwise
+    /// bring the message back for ever.
     void tell_if_unreadable(const RowSet& rows);
+    bool told_unreadable_ = false;
 };
 
 /// `field='text'`, fit for any text: a quote inside is doubled.

@@ -31,10 +31,9 @@ void DragView::lift(const PictureBox& tile) {
     const Scale& scale = surroundings_.scale;
     const QSize size = scale.device(tile.bounds()).size() * kLarger;
     picture_ = QPixmap(size);
-    picture_.fill(tile.back ? to_qt(*tile.back) : QColor(Qt::transparent));
-    if (const QPixmap face = surroundings_.pictures.render(tile.Picture, Stretch::Yes, size, scale); !face.isNull()) {
-        QPainter(&picture_).drawPixmap(0, 0, face);
-    }
+    const QPixmap face = surroundings_.pictures.render(tile.Picture, Stretch::Yes, size, scale);
+    picture_.fill(tile.back ? to_qt(*tile.back) : QColor(face.isNull() ? Qt::white : Qt::transparent));
+    if (!face.isNull()) QPainter(&picture_).drawPixmap(0, 0, face);
     shadow_ = scale.device_pixels(6);
     resize(scale.widget(QRect(QPoint(), size).adjusted(0, 0, 2 * shadow_, 2 * shadow_)).size());
     update();
