@@ -17,7 +17,7 @@ sqlite3 "$here/program/data.mdb" "DELETE FROM Pupils; DELETE FROM Hall_of_Fame"
 kept() { sqlite3 "$here/program/data.mdb" "$1"; }
 
 mkfifo "$here/display"
-Xvfb -displayfd 7 -screen 0 1024x768x24 -nolisten tcp 7>"$here/display" 2>/dev/null &
+Xvfb -displayfd 7 -screen 0 1024x768x24 -nolisten tcp -noreset 7>"$here/display" 2>/dev/null &
 xvfb=$!
 read -r number <"$here/display"
 export DISPLAY=":$number" SDL_AUDIODRIVER=dummy
@@ -30,8 +30,9 @@ until_true() {
     shift
     until "$@"; do
         [ $SECONDS -lt $until ] || return 1
-        xdotool sleep 0.05
+        sleep 0.05  # not through the display, which may just have gone with its last window
     done
+    return 0
 }
 window_is_there() { xdotool search --onlyvisible --name '^Marrowfen$' >/dev/null 2>&1; }
 until_true 20 window_is_there || fail "no window came up"
