@@ -47,7 +47,7 @@ void frmSimpleKeyBoard::load() {
     CurrentKey = 0;
     state.PanelsDone = 0;
     state.KeysDone = 0;
-    program_.referee->new_game();
+    state.GameWon = false;
     state.GameRs = program_.open_rows("Templates");
     SetAlpha();
     SetRhand();

@@ -46,7 +46,7 @@ void frmSentence::load() {
     if (game == nullptr || game->typed != RuleId::SentenceWords) return;
     state.ContentTable = game->content_table;
     const State::Whole count = count_sentences();
-    if (count == 0 || show_sentence(static_cast<State::Whole>(program_.ports.random.draw(count))) == 0) {
+    if (count == 0 || show_sentence(static_cast<State::Whole>(program_.ports.random.draw(count)), count) == 0) {
         wordtype.Text = Sentence.Text = "";
         state.TargetText.clear();
         program_.tell("There are no sentences for this game. Please choose another one.");
@@ -60,8 +60,7 @@ State::Whole frmSentence::count_sentences() const {
     return count;
 }
 
-State::Whole frmSentence::show_sentence(State::Whole row) {
-    const State::Whole count = count_sentences();
+State::Whole frmSentence::show_sentence(State::Whole row, State::Whole count) {
     const auto sentences = program_.open_rows(program_.state.ContentTable);
     for (State::Whole tried = 0; tried < count; ++tried, row = static_cast<State::Whole>(row % count + 1)) {
         sentences->move_first();

@@ -25,9 +25,9 @@ public:
 
     /// How many sentences the table has.
     [[nodiscard]] State::Whole count_sentences() const;
-    /// Shows a row of the table, counted from 1, or the next one that is complete, and asks for one of its three words
-    /// at random. Gives the number of the row on show; 0: no row is complete, and the card stays as it is.
-    State::Whole show_sentence(State::Whole row);
+    /// Shows a row of the table's `count`, counted from 1, or the next one that is complete, and asks for one of its
+    /// three words at random. Gives the number of the row on show; 0: no row is complete, and the card stays as it is.
+    State::Whole show_sentence(State::Whole row, State::Whole count);
 };
 
 }  // namespace marrowfen

@@ -28,7 +28,6 @@ struct Ports {
 class Referee {
 public:
     virtual ~Referee() = default;
-    virtual void new_game() = 0;  ///< a board is being laid out: what is left of an earlier game counts no more
     /// One character from the keyboard, whatever it is. It counts only while a game runs.
     virtual void JudgeKey(char32_t key) = 0;
     virtual void Keys_Click(int index) = 0;  ///< a key of the board, 1 to 36
@@ -37,9 +36,6 @@ public:
     virtual void in_turn(std::function<void()> answer) = 0;
     /// The last key of a tile game has been filled from this tile.
     virtual void win_tiles(PictureBox& tile) = 0;
-    /// Whether the last right answer has been given, though its cue may still have the word. A tick that falls into
-    /// that moment comes too late.
-    [[nodiscard]] virtual bool is_won() const = 0;
 };
 
 /// The form that tells a pupil what must be done first.

@@ -25,6 +25,9 @@ struct State {
     bool PhonicsOn = false;
     bool HallViewOnly = false;  ///< the team is chosen to view its hall of fame
     bool GameRunning = false;   ///< from the stopwatch's start until the next board
+    /// The last right answer has been given, though its cue may still have the word: a tick that falls into that moment
+    /// comes too late.
+    bool GameWon = false;
     std::string AppShortPath;
 
     // The board.

@@ -57,7 +57,7 @@ void frmTimer::draw_sector() {
 }
 
 void frmTimer::tick() {
-    if (program_.referee->is_won()) return;
+    if (program_.state.GameWon) return;
     State& state = program_.state;
     const auto advance = [this] { HandAngle = static_cast<float>(double{HandAngle} + HandStep); };
     ++state.TimeElapsed;

@@ -1,6 +1,5 @@
 #include "rules/game_referee.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace marrowfen {
@@ -31,19 +30,6 @@ Rule* GameReferee::rule(RuleId id) {
     return nullptr;
 }
 
-void GameReferee::new_game() {
-    waiting_.clear();
-    for (Rule* rule : std::initializer_list<Rule*>{&rhyming_words_, &picture_spelling_, &sentence_words_,
-                                                   &first_letters_, &key_tiles_}) {
-        rule->new_game();
-    }
-}
-
-bool GameReferee::is_won() const {
-    return rhyming_words_.is_won() || picture_spelling_.is_won() || sentence_words_.is_won() ||
-           first_letters_.is_won() || key_tiles_.is_won();
-}
-
 void GameReferee::JudgeKey(char32_t key) {
     const bool counts = (key >= U'A' && key <= U'Z') || (key >= U'a' && key <= U'z') || (key >= U'0' && key <= U'9');
     if (!counts || !program_.state.GameRunning) return;
@@ -64,7 +50,7 @@ void GameReferee::Keys_Click(int index) {
 
 void GameReferee::in_turn(std::function<void()> answer) {
     const Form* board = program_.forms.find(FormId::frmSimpleKeyBoard);
-    if (board == nullptr || is_won()) return;
+    if (board == nullptr) return;
     waiting_.push_back({board, std::move(answer)});
     if (std::exchange(judging_, true)) return;
     while (!waiting_.empty()) {

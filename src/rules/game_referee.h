@@ -17,12 +17,10 @@ class GameReferee final : public Referee {
 public:
     explicit GameReferee(Program& program);
 
-    void new_game() override;
     void JudgeKey(char32_t key) override;
     void Keys_Click(int index) override;
     void in_turn(std::function<void()> answer) override;
     void win_tiles(PictureBox& tile) override { key_tiles_.win(tile); }
-    [[nodiscard]] bool is_won() const override;
 
 private:
     [[nodiscard]] Rule* rule(RuleId id);

@@ -7,15 +7,19 @@
 
 namespace marrowfen {
 
-struct RhymingWords::Manner {
+namespace {
+
+struct Manner {
     std::string_view same_word_cue;
     std::string_view wrong_cue;
     std::string_view right_cue;
     std::string_view finished_cue;
     bool yields_after_lookup;
 };
-constexpr RhymingWords::Manner RhymingWords::kTyped{"Donkey.au", "donkey.au", "magic.au", "ding.wav", false};
-constexpr RhymingWords::Manner RhymingWords::kClicked{"Donkey.au", "Donkey.au", "Magic.au", "Ding.wav", true};
+constexpr Manner kTyped{"Donkey.au", "donkey.au", "magic.au", "ding.wav", false};
+constexpr Manner kClicked{"Donkey.au", "Donkey.au", "Magic.au", "Ding.wav", true};
+
+}  // namespace
 
 void RhymingWords::judge(const Answer& answer) {
     const Manner& manner = answer.by == By::Typing ? kTyped : kClicked;
@@ -36,7 +40,7 @@ void RhymingWords::judge(const Answer& answer) {
         (void)cue_and_yield(manner.wrong_cue);
         return;
     }
-    if (accept(answer.letter, manner) && state.RhymesLeft == 0) next_word(manner);
+    if (accept(answer.letter, manner.right_cue) && state.RhymesLeft == 0) next_word(manner.finished_cue);
 }
 
 bool RhymingWords::is_right(const std::string& letter) {
@@ -46,9 +50,9 @@ bool RhymingWords::is_right(const std::string& letter) {
     return std::find(state.WordsFound.begin(), found_end, letter) == found_end;
 }
 
-bool RhymingWords::accept(const std::string& letter, const Manner& manner) {
+bool RhymingWords::accept(const std::string& letter, std::string_view cue) {
     State& state = program_.state;
-    if (!cue_and_yield(manner.right_cue)) return false;
+    if (!cue_and_yield(cue)) return false;
     ++state.FoundCount;
     state.WordsFound[static_cast<std::size_t>(state.FoundCount)] = letter;
     if (auto* found = program_.forms.find<frmWordsUsed>()) {
@@ -59,9 +63,9 @@ bool RhymingWords::accept(const std::string& letter, const Manner& manner) {
     return true;
 }
 
-void RhymingWords::next_word(const Manner& manner) {
+void RhymingWords::next_word(std::string_view cue) {
     State& state = program_.state;
-    if (!cue_and_yield(manner.finished_cue)) return;
+    if (!cue_and_yield(cue)) return;
     state.FoundCount = 0;
     if (auto* found = program_.forms.find<frmWordsUsed>()) found->Wordsfound.Caption = "";
     auto& card = *program_.forms.find<frmWord>();

@@ -11,13 +11,10 @@ public:
     void judge(const Answer& answer) override;
 
 private:
-    struct Manner;
-    static const Manner kTyped;
-    static const Manner kClicked;
     /// Whether the letter and the ending make a word of the table for which it has not been given yet.
     [[nodiscard]] bool is_right(const std::string& letter);
-    [[nodiscard]] bool accept(const std::string& letter, const Manner& manner);  ///< false: the game has gone meanwhile
-    void next_word(const Manner& manner);
+    [[nodiscard]] bool accept(const std::string& letter, std::string_view cue);  ///< false: the game has gone meanwhile
+    void next_word(std::string_view cue);
 };
 
 }  // namespace marrowfen

@@ -30,9 +30,6 @@ public:
     virtual ~Rule() = default;
 
     virtual void judge(const Answer& answer) = 0;
-    /// Set with the last right answer, before its cue; cleared by the next board.
-    [[nodiscard]] bool is_won() const { return won_; }
-    void new_game() { won_ = false; }
 
 protected:
     [[nodiscard]] bool cue(std::string_view name);            ///< false: the game has gone meanwhile
@@ -40,7 +37,8 @@ protected:
     [[nodiscard]] bool cue_and_yield(std::string_view name);  ///< likewise
     [[nodiscard]] frmSimpleKeyBoard& board() const { return *program_.forms.find<frmSimpleKeyBoard>(); }
     [[nodiscard]] Picture small_letter(std::string_view tag) const;
-    void set_won() { won_ = true; }
+    /// With the last right answer, before its cue.
+    void set_won() { program_.state.GameWon = true; }
     /// The result is shown first; the stopwatch stops and the game's forms go after it.
     void end_game();
 
@@ -48,7 +46,6 @@ protected:
 
 private:
     [[nodiscard]] bool goes_on(const Form* playing) const;
-    bool won_ = false;
 };
 
 }  // namespace marrowfen

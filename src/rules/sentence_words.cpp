@@ -49,7 +49,7 @@ void SentenceWords::draw_sentence() {
     for (state.KeyScan = 0; state.KeyScan < kRowsCompared; ++state.KeyScan) {
         if (state.UsedRowIds[static_cast<std::size_t>(state.KeyScan)] == row) row = draw();
     }
-    state.UsedRowIds[static_cast<std::size_t>(state.TargetPos)] = card->show_sentence(row);
+    state.UsedRowIds[static_cast<std::size_t>(state.TargetPos)] = card->show_sentence(row, count);
 }
 
 }  // namespace marrowfen
