@@ -35,6 +35,11 @@ int HouseStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, cons
             return scroll_bar_width_;
         case PM_ScrollBarSliderMin:
             return 2 * scroll_bar_width_;
+        case PM_TextCursorWidth: {
+            // The message's text box only holds the focus and is too narrow for a letter: nothing of it is to be seen.
+            const bool holds_letters = option == nullptr || option->rect.width() >= scroll_bar_width_;
+            return holds_letters ? text_cursor_width_ : 0;
+        }
         default:
             return QProxyStyle::pixelMetric(metric, option, widget);
     }

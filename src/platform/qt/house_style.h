@@ -29,7 +29,11 @@ void draw_arrow_button(QPainter& painter, const QRectF& button, Arrow arrow);
 class HouseStyle final : public QProxyStyle {
 public:
     HouseStyle();
-    void set_scroll_bar_width(int pixels) { scroll_bar_width_ = pixels; }
+    /// In pixels.
+    void set_widths(int scroll_bar, int text_cursor) {
+        scroll_bar_width_ = scroll_bar;
+        text_cursor_width_ = text_cursor;
+    }
 
     [[nodiscard]] int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;
     void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
@@ -39,6 +43,7 @@ public:
 
 private:
     int scroll_bar_width_ = 24;
+    int text_cursor_width_ = 2;
 };
 
 }  // namespace marrowfen

@@ -12,6 +12,7 @@ namespace marrowfen {
 namespace {
 
 constexpr double kScrollBarWidth = 24;
+constexpr double kTextCursorWidth = 1.5;
 
 Qt::CursorShape cursor_over(const Control* control) {
     if (control == nullptr) return Qt::ArrowCursor;
@@ -42,7 +43,8 @@ bool Stage::scale_to(QSize size) {
     const Scale scale(size, window_.devicePixelRatioF());
     if (scale == surroundings_.scale) return false;
     surroundings_.scale = scale;
-    static_cast<HouseStyle*>(QApplication::style())->set_scroll_bar_width(scale.widget_pixels(kScrollBarWidth));
+    static_cast<HouseStyle*>(QApplication::style())
+        ->set_widths(scale.widget_pixels(kScrollBarWidth), scale.widget_pixels(kTextCursorWidth));
     return true;
 }
 
