@@ -140,6 +140,12 @@ void Classroom::start() {
     ASSERT_FALSE(failure) << failure->reason;
 }
 
+std::string Classroom::folder_in_logic() const {
+    std::string path = folder.path().string();
+    std::ranges::replace(path, '/', '\\');
+    return path;
+}
+
 std::vector<FormId> Classroom::open_forms() const {
     std::vector<FormId> open;
     for (std::size_t i = 0; i < kFormCount; ++i) {

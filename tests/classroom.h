@@ -71,6 +71,7 @@ public:
 
     void start();  ///< fails the test when the program can't start
     [[nodiscard]] State& state() { return program.state; }
+    [[nodiscard]] std::string folder_in_logic() const;  ///< with backslashes, as all paths of the program
     void seconds_pass(int seconds) { display.pass(std::chrono::seconds(seconds)); }
 
     template <class F>

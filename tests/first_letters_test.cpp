@@ -43,7 +43,7 @@ TEST_F(FirstLettersGame, EachOfThe26CardsComesOnceAndTheLastIsHeardBeforeTheResu
                 }
                 letters += letter;
                 if (!plays()) break;
-                EXPECT_EQ(shown_by(marked.Picture), "Lower\\" + letter + ".bmp");
+                EXPECT_EQ(in_capitals(shown_by(marked.Picture)), "LOWER\\" + letter + ".BMP");
             }
             EXPECT_EQ(room.heard_and_forgotten(), cues);
             EXPECT_EQ(room.open_forms(), (std::vector{FormId::frmBackGround, FormId::frmScore}));
@@ -84,6 +84,19 @@ TEST_F(FirstLettersGame, AWrongLetterIsToldAsItWasGivenAndChangesNothing) {
         EXPECT_EQ(room.heard_and_forgotten(), std::vector<std::string>{});
         goes_back_to_the_list();
     }
+}
+
+TEST_F(FirstLettersGame, HearsTheKeyboardButForWhileTheCardWasClickedLast) {
+    begins(kFirstLetters);
+    ann.press(room.form<frmPictureCard>().pic);
+    const std::string letter = right_letter();
+    ann.types(letter);
+    EXPECT_EQ(room.heard_and_forgotten(), std::vector<std::string>{});
+    const auto& board = room.form<frmSimpleKeyBoard>();
+    room.desktop.mouse_pressed({board.Left + 5, board.Top + 5});
+    room.desktop.mouse_released({board.Left + 5, board.Top + 5});
+    ann.types(letter);
+    EXPECT_EQ(room.heard_and_forgotten().size(), 1U);
 }
 
 TEST_F(FirstLettersGame, ACardThatWasDrawnIsDrawnAgainUntilANewOneComes) {

@@ -90,10 +90,9 @@ public:
     [[nodiscard]] std::string found() { return room.form<frmWordsUsed>().Wordsfound.Caption; }
     [[nodiscard]] PictureBox& key(std::string_view letter) { return *room.form<frmSimpleKeyBoard>().find_key(letter); }
     /// What a key or a card shows: the picture's path from its folder on.
-    [[nodiscard]] static std::string shown_by(const Picture& picture) {
-        constexpr std::string_view kFolder = "\\KeyPictures\\Simple\\";
-        const auto place = picture.name().find(kFolder);
-        return place == std::string::npos ? picture.name() : picture.name().substr(place + kFolder.size());
+    [[nodiscard]] std::string shown_by(const Picture& picture) const {
+        const std::string folder = room.folder_in_logic() + "\\KeyPictures\\Simple\\";
+        return picture.name().starts_with(folder) ? picture.name().substr(folder.size()) : picture.name();
     }
 
     struct Given {

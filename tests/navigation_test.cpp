@@ -173,15 +173,6 @@ TEST(Navigation, SomeTileGamesCloseWhatAnEarlierGameLeftOpen) {
     }
 }
 
-TEST(Navigation, AMessageGoesAndLeavesWhatWasBelow) {
-    Seat seat;
-    new_pupil(seat);
-    seat.ann.presses(&frmNewPupil::NextDe);
-    seat.ann.presses(&frmErrmsg::ContinueDe);
-    EXPECT_EQ(seat.room.open_forms(), (std::vector{Id::frmBackGround, Id::frmNewPupil}));
-    EXPECT_EQ(seat.room.desktop.active(), &seat.room.form<frmNewPupil>());
-}
-
 TEST(Navigation, EveryExitEndsTheProgramAlsoUnderAMessage) {
     struct Case {
         const char* from;
@@ -215,17 +206,7 @@ TEST(Navigation, EveryExitEndsTheProgramAlsoUnderAMessage) {
 
 TEST(Navigation, AButtonThatIsPressedActsWhereverItIsLetGo) {
     Seat seat;
-    new_pupil(seat);
-    auto& form = seat.room.form<frmNewPupil>();
-    const Point middle{form.Left + form.BackDe.bounds().centre().x, form.Top + form.BackDe.bounds().centre().y};
-    seat.room.desktop.mouse_pressed(middle);
-    EXPECT_EQ(form.control_at(form.BackDe.bounds().centre()), &form.BackPr) << "it looks pressed";
-    EXPECT_TRUE(seat.room.is_open(Id::frmNewPupil)) << "and nothing else happens yet";
-    seat.room.desktop.mouse_released({0, 0});
-    EXPECT_TRUE(seat.room.is_open(Id::frmSelectGame));
-
-    seat.ann.sits_down("Ann");
-    seat.ann.picks_game(kTiles);
+    team_choice<kTiles>(seat);
     auto& teams = seat.room.form<frmSettings>();
     const Point on_another_team{teams.Left + teams.BlueDe.bounds().centre().x, teams.Top + teams.Image2.Top + 10};
     seat.ann.presses_and_lets_go_at(teams.redDe, on_another_team);

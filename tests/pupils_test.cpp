@@ -125,6 +125,29 @@ TEST(NewPupil, IsToldWhenTheNameCantBeKeptAndTriesAgain) {
     EXPECT_NE(room.state().PupilID, ann);
 }
 
+TEST(PupilList, TellsWhoClicksANameThatIsGoneAndGoesOnToTheGames) {
+    Classroom room({"Ann", "Ben"});
+    Pupil ben(room);
+    room.start();
+    {
+        const auto another_computer = room.program.open_rows("Pupils");
+        another_computer->find_first(where_text("PupilName", "Ben"));
+        EXPECT_FALSE(another_computer->delete_row());
+    }
+    ben.sits_down("Ben");
+    EXPECT_EQ(room.message(), "There is no pupil with that name, if you have not played before click new player");
+    EXPECT_EQ(room.state().PupilID, 0);
+    ben.presses(&frmErrmsg::ContinueDe);
+    EXPECT_EQ(room.open_forms(), (std::vector{FormId::frmBackGround, FormId::frmGames}));
+
+    room.state().PupilID = 1;
+    auto& list = room.form<frmSelectGame>();
+    list.cmbPupils.Text = "";
+    list.RunGame();
+    EXPECT_EQ(room.message(), "Please choose your name from the list above");
+    EXPECT_EQ(room.state().PupilID, 1);
+}
+
 TEST(Removal, TakesTheMarkedPupilAloneAndAtOnce) {
     Classroom room({"Ann", "Bo - 7", "Cleo"});
     Pupil teacher(room);

@@ -1,4 +1,9 @@
+#include "board/frmSimpleKeyBoard.h"
 #include "classroom.h"
+#include "content/frmPictureCard.h"
+#include "content/frmSentence.h"
+#include "content/frmWord.h"
+#include "content/frmWordsUsed.h"
 #include "core/game_table.h"
 #include "pupils/frmDeletePupils.h"
 #include "pupils/frmErrmsg.h"
@@ -7,6 +12,7 @@
 #include "pupils/frmSettings.h"
 #include "results/frmHalloffame.h"
 #include "results/frmScore.h"
+#include "typing/frmTypingTest.h"
 
 namespace marrowfen {
 namespace {
@@ -166,6 +172,8 @@ TEST(HallOfFame, RanksTheFewestSecondsOfATypingTestFirst) {
     school.room.state().TemplateID = kOldTypingTest;
     school.room.program.forms.show(FormId::frmHalloffame);
     EXPECT_EQ(school.room.form<frmHalloffame>().Label17.Caption, "Typing Test");
+    school.ann.presses(&frmHalloffame::PlayAgainDe);
+    EXPECT_TRUE(school.room.form<frmTypingTest>().Keys[0].Picture->name().ends_with("\\Back\\upper\\A.BMP"));
 }
 
 TEST(HallOfFame, ShowsTenResultsAndNoMore) {
@@ -188,6 +196,34 @@ TEST(HallOfFame, KeepsTheResultsOfARemovedPupilUnderNoName) {
     school.ann.sits_down("Cleo");
     school.views(kTiles);
     EXPECT_EQ(school.hall(), (Rows{"0 0:10 83", "Cleo 0:20 66"}));
+}
+
+TEST(Results, TheFormsOfAGameStandRoundTheBoard) {
+    School school;
+    Classroom& room = school.room;
+    school.ann.picks_game(14);
+    school.ann.joins(kRedTeam);
+    const auto& board = room.form<frmSimpleKeyBoard>();
+    const auto& word = room.form<frmWord>();
+    EXPECT_EQ(word.Left, room.desktop.screen().width - word.Width);
+    EXPECT_EQ(word.Top, 0);
+    const auto& found = room.form<frmWordsUsed>();
+    EXPECT_EQ(found.Left, board.Left);
+    EXPECT_EQ(found.Width, board.Width);
+    EXPECT_EQ(found.Top, board.Top + board.Height - 100);
+    school.ann.presses(&frmSimpleKeyBoard::close_De);
+    school.ann.picks_game(25);
+    school.ann.joins(kRedTeam);
+    const auto& sentence = room.form<frmSentence>();
+    EXPECT_EQ(sentence.Left, room.desktop.screen().width - sentence.Width);
+    EXPECT_EQ(sentence.Top, 0);
+    school.ann.presses(&frmSimpleKeyBoard::close_De);
+    school.ann.picks_game(13);
+    school.ann.joins(kRedTeam);
+    const auto& above = room.form<frmSimpleKeyBoard>();
+    const auto& card = room.form<frmPictureCard>();
+    EXPECT_EQ(card.Top + card.Height, above.Top);
+    EXPECT_EQ(card.Left + card.Width, above.Left + above.Width - 130);
 }
 
 TEST(Results, AnotherResolutionCentresWhatIsOnTheScreen) {

@@ -142,34 +142,6 @@ TEST(Stopwatch, StartsOnceAndWholeWhateverHappensMeanwhile) {
     }
 }
 
-TEST(Stopwatch, AGameThatIsWonInItsLastSecondIsWon) {
-    struct Case {
-        const char* what;
-        bool typed;
-        std::size_t yield;  ///< in which the second passes
-    };
-    // A typed key sounds its letter first, and then come the applause's own yield and the one after it.
-    for (const Case& c : std::vector<Case>{{"dragged, applause", false, 0},
-                                           {"dragged, after it", false, 1},
-                                           {"typed, its sound", true, 0},
-                                           {"typed, applause", true, 1},
-                                           {"typed, after it", true, 2}}) {
-        SCOPED_TRACE(c.what);
-        Classroom room;
-        Pupil ann(room);
-        ann.begins(kTiles);
-        ann.fills_keys(35);
-        room.seconds_pass(59);
-        room.display.during_yield([&] { room.seconds_pass(1); }, c.yield);
-        const std::string letter = room.form<frmSimpleKeyBoard>().DragKey[0].Tag;
-        c.typed ? ann.types(letter) : ann.drags_letter(letter);
-        room.seconds_pass(5);
-        EXPECT_EQ(room.open_forms(), (std::vector{FormId::frmBackGround, FormId::frmScore}));
-        EXPECT_EQ(room.form<frmScore>().txtTime.Text, "0:59");
-        EXPECT_EQ(room.form<frmScore>().txtpoints.Text, "1");
-    }
-}
-
 TEST(Stopwatch, TheSameGameAgainCountsFromZeroForATeamChosenAnew) {
     Classroom room;
     Pupil ann(room);

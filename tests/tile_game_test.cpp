@@ -7,6 +7,7 @@
 #include "pupils/frmGames.h"
 #include "pupils/frmSettings.h"
 #include "results/frmScore.h"
+#include "typing/frmTypingTest.h"
 
 namespace marrowfen {
 namespace {
@@ -53,6 +54,7 @@ TEST(TileGame, WithOneTileGoesThroughAllLettersOnce) {
         EXPECT_EQ(desk.key(letter).Picture, picture) << "the key shows what lay on the tile";
     }
     EXPECT_EQ(letters.size(), 36U);
+    EXPECT_EQ(desk.room.sound.paths().back(), desk.room.folder_in_logic() + "\\Sound\\Applause.wav");
     EXPECT_EQ(desk.room.heard_and_forgotten(), cues);
     EXPECT_EQ(desk.filled(), 0) << "the counters are ready for the next game";
     EXPECT_EQ(desk.room.open_forms(), (std::vector{FormId::frmBackGround, FormId::frmScore}));
@@ -76,7 +78,7 @@ TEST(TileGame, EveryOneIsPlayedToTheLastKeyWithTheMouseAndSomeByTyping) {
         SCOPED_TRACE(game);
         Desk desk;
         desk.ann.begins(game);
-        desk.ann.press(desk.key("5"));
+        desk.ann.press(desk.key(desk.letters().substr(0, 1)));
         EXPECT_EQ(desk.filled(), 0) << "a click on a key means nothing here";
         desk.ann.types(desk.letters().substr(0, 1));
         EXPECT_EQ(desk.filled(), dragged_only.contains(game) ? 0 : 1);
@@ -229,6 +231,35 @@ TEST(TileGame, KeysAndTilesTakeTheirPicturesFromTheFoldersOfTheGame) {
         ASSERT_EQ(desk.tile(one_tile ? 0 : 1).Tag, "C");
         EXPECT_EQ(shown(desk.tile(one_tile ? 0 : 1)), c.tile_c);
     }
+}
+
+TEST(TileGame, TheRightHandHasItsSideOfTheKeyboard) {
+    Desk desk;
+    desk.ann.begins(5);
+    std::string right;
+    for (const PictureBox& key : desk.board().Keys) {
+        if (key.Picture->name().find("\\RightHand\\") != std::string::npos) right += key.Tag;
+    }
+    std::ranges::sort(right);
+    EXPECT_EQ(right, "0789BHIJKLMNOPUY");
+}
+
+TEST(TileGame, TheKeysLieAsOnTheKeyboardOnTheDesk) {
+    const auto read = [](auto& keys) {
+        std::vector<const PictureBox*> in_rows;
+        for (const PictureBox& key : keys) in_rows.push_back(&key);
+        std::ranges::sort(in_rows, {},
+                          [](const PictureBox* key) { return std::pair(Twips{key->Top}, Twips{key->Left}); });
+        std::string row;
+        for (const PictureBox* key : in_rows) row += key->Tag;
+        return row;
+    };
+    Desk desk;
+    desk.ann.opens(kOneTile);
+    EXPECT_EQ(read(desk.board().Keys), "1234567890QWERTYUIOPASDFGHJKLZXCVBNM");
+    desk.ann.presses(&frmSimpleKeyBoard::close_De);
+    desk.ann.picks_game(27);
+    EXPECT_EQ(read(desk.room.form<frmTypingTest>().Keys), "1234567890QWERTYUIOPASDFGHJKLZXCVBNM");
 }
 
 TEST(TileGame, AMarkFollowsThePointerOverTilesAndTheDragOverKeys) {

@@ -141,7 +141,9 @@ TEST_F(TypingTest, TheKeysShowLettersOfTheKindThatTheGameNames) {
         std::string folder;
     };
     for (const auto& [game, folder] : {Case{27, "lower"}, Case{28, "upper"}}) {
+        const std::size_t opened = room.engine.opened;
         ann.picks_game(game);
+        EXPECT_EQ(room.engine.opened, opened + 1) << "the store is opened again";
         EXPECT_EQ(shown_by(test().Keys[0].Picture), "Back\\" + folder + "\\A.BMP");
         EXPECT_EQ(shown_by(test().Keys[35].Picture), "Back\\" + folder + "\\0.BMP");
         ann.presses(&frmTypingTest::skip_de);

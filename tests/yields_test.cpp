@@ -245,30 +245,20 @@ TEST_F(Judging, TypingServesTheLowestTileOnShowUntilAllTenHaveGone) {
     EXPECT_EQ(room.open_forms(), (std::vector{FormId::frmBackGround, FormId::frmScore}));
 }
 
-TEST_F(Judging, OfATileGameTakesNoClicksAndOfADraggingGameNoKeysEither) {
-    struct Case {
-        int game;
-        bool takes_keys;
-    };
-    for (const auto& [game, takes_keys] : {Case{2, false}, {9, false}, {24, false}, {8, true}, {30, true}}) {
-        begins(game);
-        const std::string letter = right_letter();
-        ann.press(key(letter));
-        EXPECT_EQ(room.state().KeysDone, 0);
-        EXPECT_TRUE(room.heard_and_forgotten().empty());
-        ann.types(letter);
-        EXPECT_EQ(room.state().KeysDone, takes_keys ? 1 : 0) << game;
-        goes_back_to_the_list();
-    }
-}
-
 TEST_F(Judging, DoesNotBeginBeforeTheClockIsStarted) {
     for (const int game : {14, 13, 25, 26, 7}) {
         opens(game);
         (void)room.heard_and_forgotten();
         ann.types(right_letter() + wrong_letter());
+        const auto& board = room.form<frmSimpleKeyBoard>();
+        for (const std::string& letter : {right_letter(), wrong_letter()}) {
+            const Point middle = key(letter).bounds().centre();
+            room.desktop.mouse_pressed({board.Left + middle.x, board.Top + middle.y});
+            room.desktop.mouse_released({board.Left + middle.x, board.Top + middle.y});
+        }
         EXPECT_EQ(room.heard_and_forgotten(), std::vector<std::string>{});
         EXPECT_EQ(room.state().KeysDone, 0);
+        EXPECT_EQ(shown_by(key("B").Picture), "Back\\Upper\\B.BMP") << "the board stands ready";
         goes_back_to_the_list();
     }
 }

@@ -8,6 +8,8 @@ namespace {
 
 constexpr int kFirstDealDrawsFrom = kKeyCount - 1;  // the opening deal leaves the last key, A, for later
 
+auto& letter_of(int key, auto& state) { return state.KeyLetters[static_cast<std::size_t>(key)]; }
+
 std::string column_of(int key) { return "pic" + std::to_string(key); }
 
 }  // namespace
@@ -26,7 +28,7 @@ bool frmSimpleKeyBoard::is_right_hand(int key) const {
 Picture frmSimpleKeyBoard::face(int key) const {
     const State& state = program_.state;
     const RowSet& row = *state.GameRs;
-    const std::string file = state.KeyLetters[static_cast<std::size_t>(key)] + ".BMP";
+    const std::string file = letter_of(key, state) + ".BMP";
     const bool split = is_split();
     if (!split && as_flag(row.field("background"))) {
         return Picture::file(
@@ -45,21 +47,19 @@ Picture frmSimpleKeyBoard::tile_picture(int key) const {
     const State& state = program_.state;
     const std::string_view folder =
         is_split() && is_right_hand(key) ? "\\KeyPictures\\Simple\\Back\\RightHand\\" : "\\KeyPictures\\Simple\\";
-    return Picture::file(program_.path(folder) + state.DragType + "\\" +
-                         state.KeyLetters[static_cast<std::size_t>(key)] + ".bmp");
+    return Picture::file(program_.path(folder) + state.DragType + "\\" + letter_of(key, state) + ".bmp");
 }
 
 void frmSimpleKeyBoard::deal(PictureBox& tile, int key) {
-    State& state = program_.state;
-    std::string& letter = state.KeyLetters[static_cast<std::size_t>(key)];
+    std::string& letter = letter_of(key, program_.state);
     tile.Tag = letter;
     tile.Picture = tile_picture(key);
     letter.clear();
-    ++state.PanelsDone;
+    ++program_.state.PanelsDone;
 }
 
 void frmSimpleKeyBoard::deal_first_tiles() {
-    const auto is_out = [this] { return program_.state.KeyLetters[static_cast<std::size_t>(CurrentKey)].empty(); };
+    const auto is_out = [this] { return letter_of(CurrentKey, program_.state).empty(); };
     CurrentKey = 0;
     for (int i = 0; i <= program_.state.PanelCount; ++i) {
         do {
@@ -71,7 +71,7 @@ void frmSimpleKeyBoard::deal_first_tiles() {
 }
 
 void frmSimpleKeyBoard::deal_next(PictureBox& tile) {
-    while (program_.state.KeyLetters[static_cast<std::size_t>(CurrentKey)].empty()) {
+    while (letter_of(CurrentKey, program_.state).empty()) {
         CurrentKey = static_cast<State::Whole>(program_.ports.random.draw(kKeyCount));
     }
     deal(tile, CurrentKey);

@@ -60,9 +60,10 @@ State::Whole frmSentence::count_sentences() const {
     return count;
 }
 
-State::Whole frmSentence::show_sentence(State::Whole row, State::Whole count) {
+State::Whole frmSentence::show_sentence(State::Whole first, State::Whole count) {
     const auto sentences = program_.open_rows(program_.state.ContentTable);
-    for (State::Whole tried = 0; tried < count; ++tried, row = static_cast<State::Whole>(row % count + 1)) {
+    for (State::Whole tried = 0; tried < count; ++tried) {
+        const auto row = static_cast<State::Whole>((first - 1 + tried) % count + 1);
         sentences->move_first();
         sentences->move_forward(row - 1);
         if (!is_complete(*sentences)) continue;

@@ -14,10 +14,10 @@ public:
     //                           left  top  width height
     Label   Label1   {*this, {     75,   0,  1095,  375}, "Choose a", comic(14.25), kRed};
     TextBox wordtype {*this, {   1230,   0,  1275,  390}, TextBox::Mode::ReadOnly,
-                      {.font = comic_underlined(14.25), .back = kYellow, .framed = false}, 32767, "Text1"};
+                      {.font = comic_underlined(14.25), .back = kYellow, .framed = false}, TextBox::kNoLimit, "Text1"};
     Label   Label2   {*this, {   2655,   0,  2730,  345}, "from this sentence", comic(14.25), kRed};
     TextBox Sentence {*this, {     75, 450,  5370,  375}, TextBox::Mode::ReadOnly,
-                      {.font = comic(14.25), .back = kYellow, .framed = false}, 32767, "Text2"};
+                      {.font = comic(14.25), .back = kYellow, .framed = false}, TextBox::kNoLimit, "Text2"};
     // clang-format on
 
     void load() override;
@@ -27,7 +27,7 @@ public:
     [[nodiscard]] State::Whole count_sentences() const;
     /// Shows a row of the table's `count`, counted from 1, or the next one that is complete, and asks for one of its
     /// three words at random. Gives the number of the row on show; 0: no row is complete, and the card stays as it is.
-    State::Whole show_sentence(State::Whole row, State::Whole count);
+    State::Whole show_sentence(State::Whole first, State::Whole count);
 };
 
 }  // namespace marrowfen

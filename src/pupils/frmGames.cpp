@@ -61,15 +61,15 @@ void frmGames::play() {
     choose_selected_game();
     State& state = program_.state;
     state.HallViewOnly = false;
-    using enum FormId;
+    using Id = FormId;
     if (is_typing_test(state.TemplateID)) {
         state.TimeLimit = 0;
-        program_.forms.show(frmTypingTest);
-        program_.forms.unload({frmTimer, frmSimpleKeyBoard});
+        program_.forms.show(Id::frmTypingTest);
+        program_.forms.unload({Id::frmTimer, Id::frmSimpleKeyBoard});
     } else {
-        program_.forms.show(FormId::frmSettings);
+        program_.forms.show(Id::frmSettings);
     }
-    program_.forms.hide(frmSelectGame);
+    program_.forms.hide(Id::frmSelectGame);
     program_.forms.unload(kId);
 }
 

@@ -57,8 +57,8 @@ void frmTimer::draw_sector() {
 }
 
 void frmTimer::tick() {
-    if (program_.state.GameWon) return;
     State& state = program_.state;
+    if (state.GameWon) return;
     const auto advance = [this] { HandAngle = static_cast<float>(double{HandAngle} + HandStep); };
     ++state.TimeElapsed;
     const bool up = state.TimeElapsed == state.TimeLimit;
@@ -74,14 +74,14 @@ void frmTimer::tick() {
 }
 
 void frmTimer::time_is_up() {
-    using enum FormId;
+    using Id = FormId;
     FormSet& forms = program_.forms;
     const Game* game = find_game(program_.state.TemplateID);
     if (game != nullptr && game->companions_go_first_at_time_up) {
         for (const FormId companion : game->companions) forms.unload(companion);
     }
-    forms.unload({kId, FormId::frmSimpleKeyBoard, frmWordsUsed, frmSentence, frmPictureCard, frmWord});
-    forms.show(frmTimeUp);
+    forms.unload({kId, Id::frmSimpleKeyBoard, Id::frmWordsUsed, Id::frmSentence, Id::frmPictureCard, Id::frmWord});
+    forms.show(Id::frmTimeUp);
 }
 
 }  // namespace marrowfen

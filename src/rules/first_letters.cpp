@@ -9,10 +9,9 @@ namespace {
 struct Manner {
     std::string_view right_cue;
     std::string_view wrong_cue;
-    bool tells_wrong_with_phonics;  ///< a wrong click is silent while letters are sounded
 };
-constexpr Manner kTyped{"magic.au", "donkey.au", true};
-constexpr Manner kClicked{"Magic.au", "Donkey.au", false};
+constexpr Manner kTyped{"magic.au", "donkey.au"};
+constexpr Manner kClicked{"Magic.au", "Donkey.au"};
 
 }  // namespace
 
@@ -20,9 +19,10 @@ void FirstLetters::judge(const Answer& answer) {
     State& state = program_.state;
     auto* card = program_.forms.find<frmPictureCard>();
     if (card == nullptr) return;
-    const Manner& manner = answer.by == By::Typing ? kTyped : kClicked;
+    const bool typed = answer.by == By::Typing;
+    const Manner& manner = typed ? kTyped : kClicked;
     if (in_capitals(answer.letter) != in_capitals(card->pic.Tag.get())) {
-        if (manner.tells_wrong_with_phonics) {
+        if (typed) {
             (void)cue_and_yield(manner.wrong_cue);
         } else if (!state.PhonicsOn) {
             (void)cue(manner.wrong_cue);
@@ -32,7 +32,9 @@ void FirstLetters::judge(const Answer& answer) {
     const bool last = state.WordCursor == frmPictureCard::kCards - 1;
     if (last) set_won();
     if (state.PhonicsOn && !cue(phonic(answer.letter))) return;
-    if (PictureBox* key = board().find_key(answer.letter)) key->Picture = small_letter(key->Tag.get());
+    if (PictureBox* key = board().find_key(answer.letter)) {
+        key->Picture = small_letter(typed ? key->Tag.get() : card->pic.Tag.get());
+    }
     ++state.WordCursor;
     if (!state.PhonicsOn && !cue_and_yield(manner.right_cue)) return;
     if (last) {

@@ -1,6 +1,7 @@
 #include "rules/rhyming_words.h"
 
 #include <algorithm>
+#include <span>
 
 #include "content/frmWord.h"
 #include "content/frmWordsUsed.h"
@@ -46,8 +47,8 @@ void RhymingWords::judge(const Answer& answer) {
 bool RhymingWords::is_right(const std::string& letter) {
     const State& state = program_.state;
     if (as_whole(program_.LookupWord(state.ContentTable, "ID", state.TypedText)) == 0) return false;
-    const auto* found_end = state.WordsFound.begin() + state.FoundCount + 1;
-    return std::find(state.WordsFound.begin(), found_end, letter) == found_end;
+    const auto found = std::span(state.WordsFound).first(static_cast<std::size_t>(state.FoundCount) + 1);
+    return std::ranges::find(found, letter) == found.end();
 }
 
 bool RhymingWords::accept(const std::string& letter, std::string_view cue) {

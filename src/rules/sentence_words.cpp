@@ -8,22 +8,15 @@ namespace {
 constexpr State::Whole kSentencesInAGame = 6;
 constexpr State::Whole kRowsCompared = 5;  // entries of UsedRowIds that a new row is held against
 
-struct Manner {
-    bool repaints_when_right;
-};
-constexpr Manner kTyped{true};
-constexpr Manner kClicked{false};
-
 }  // namespace
 
 bool SentenceWords::is_last_word() const { return program_.state.TargetPos == kSentencesInAGame - 1; }
 
 void SentenceWords::word_finished(const Answer& answer) {
     State& state = program_.state;
-    const Manner& manner = answer.by == By::Typing ? kTyped : kClicked;
     if (!cue_and_yield("magic.au")) return;
     state.TypedLength = 0;
-    if (manner.repaints_when_right) {
+    if (answer.by == By::Typing) {
         repaint_found();
         if (!yield()) return;
     }

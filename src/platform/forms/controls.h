@@ -67,13 +67,14 @@ public:
 class TextBox final : public Control {
 public:
     enum class Mode : std::uint8_t { Editable, ReadOnly };
+    static constexpr std::size_t kNoLimit = 32767;
     struct Style {
         marrowfen::Font font;
         Colour fore = kRed;
         Colour back = kWhite;
         bool framed = true;
     };
-    TextBox(Form& form, const Rect& bounds, Mode mode, const Style& style, std::size_t max_length = 32767,
+    TextBox(Form& form, const Rect& bounds, Mode mode, const Style& style, std::size_t max_length = kNoLimit,
             std::string text = {});
     Property<std::string> Text;
     Property<Colour> ForeColor;

@@ -8,8 +8,7 @@
 namespace marrowfen {
 
 TextField::TextField(Desktop& desktop, TextBox& box, QWidget* parent) : QLineEdit(parent), box_(&box) {
-    constexpr std::size_t kMostOfQt = 32767;
-    setMaxLength(static_cast<int>(std::min(box.max_length, kMostOfQt)));
+    setMaxLength(static_cast<int>(std::min(box.max_length, TextBox::kNoLimit)));
     setFrame(box.style.framed);
     setContextMenuPolicy(Qt::NoContextMenu);
     setAcceptDrops(false);
