@@ -50,9 +50,10 @@ char32_t character_of(const QKeyEvent& event) {
     return characters.isEmpty() ? 0 : static_cast<char32_t>(characters.first());
 }
 
-// A list that has dropped down takes the keys that move in it and close it.
+// A list that has dropped down takes the keys that move in it and close it, but no command of the forms.
 bool is_for_popup(const QKeyEvent& event) {
-    return QApplication::activePopupWidget() != nullptr && character_of(event) < U' ';
+    const bool is_command = event.key() == Qt::Key_D && event.modifiers().testFlag(Qt::AltModifier);
+    return QApplication::activePopupWidget() != nullptr && character_of(event) < U' ' && !is_command;
 }
 
 }  // namespace
