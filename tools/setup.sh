@@ -8,7 +8,7 @@ test_packages=(libgtest-dev xvfb xauth xdotool sqlite3 clang-format)
 install_missing() {
     local missing=() package
     for package in "$@"; do
-        dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null | grep -qx installed || missing+=("$package")
+        dpkg-query -W -f='${db:Status-Status}\n' "$package" 2>/dev/null | grep -qx installed || missing+=("$package")
     done
     [ ${#missing[@]} -eq 0 ] && return
     echo "Installing: ${missing[*]}"
@@ -29,18 +29,21 @@ install_missing() {
     rm -f "$log"
 }
 
-# build PRESET [SETTING...]: configures where that has not been done with these settings, and builds. Shows the build's
-# output only when it fails.
+# build PRESET [SETTING...]: configures where that has not been done in this folder with these settings, and builds.
+# Shows the build's output only when it fails.
 build() {
-    local preset=$1 log=build/$1.log cache=build/$1/CMakeCache.txt setting configured=yes
+    local preset=$1 log=build/$1.log cache=build/$1/CMakeCache.txt setting configured=yes fresh=()
     shift
     mkdir -p build
     [ -f "build/$preset/build.ninja" ] || configured=no
     for setting in "$@"; do grep -qx -- "${setting/=/:BOOL=}" "$cache" 2>/dev/null || configured=no; done
+    if [ -f "$cache" ] && ! grep -qxF -- "CMAKE_HOME_DIRECTORY:INTERNAL=$PWD" "$cache"; then
+        configured=no fresh=(--fresh)  # the folder was moved or copied, and all paths of its build lead elsewhere
+    fi
     echo "Building ($preset)"
-    if ! { { [ $configured = yes ] || cmake --preset "$preset" "${@/#/-D}"; } &&
+    if ! { { [ $configured = yes ] || cmake "${fresh[@]}" --preset "$preset" "${@/#/-D}"; } &&
            cmake --build --preset "$preset"; } >"$log" 2>&1; then
-        grep -E -A5 'error|FAILED|Error' "$log" | head -n 60 >&2
+        grep -E -A30 'error|FAILED|Error' "$log" | head -n 60 >&2
         echo "The build failed; its whole log is $log." >&2
         exit 1
     fi

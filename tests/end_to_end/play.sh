@@ -20,7 +20,7 @@ mkfifo "$here/display"
 Xvfb -displayfd 7 -screen 0 1024x768x24 -nolisten tcp -noreset 7>"$here/display" 2>/dev/null &
 xvfb=$!
 read -r number <"$here/display"
-export DISPLAY=":$number" SDL_AUDIODRIVER=dummy
+export DISPLAY=":$number" SDL_AUDIODRIVER=dummy QT_QPA_PLATFORM=xcb
 "$here/program/marrowfen" &
 marrowfen=$!
 
