@@ -8,6 +8,7 @@
 namespace marrowfen::test {
 namespace {
 
+using namespace std::string_literals;
 using Lines = std::vector<std::string>;
 
 class StoreBuilderTest : public testing::Test {
@@ -70,7 +71,9 @@ TEST_F(StoreBuilderTest, NamesEveryFaultWithItsPlaceAndLeavesTheStoreAlone) {
              {"games.tsv", "\t9\tPic", "\t10\tPic", ":4: ", "Panels is '10', but should be a number from 0 to 9"},
              {"games.tsv", "\t9\tPic", "\t\tPic", ":4: ", "Panels is empty"},
              {"games.tsv", "Pictures", "", ":4: ", "dragtype is empty"},
-             {"games.tsv", "Pictures", "..\\x", ":4: ", "dragtype '..\\x' should have the letters A to Z alone"},
+             {"games.tsv", "Pictures", "..\\x", ":4: ", "dragtype is '..\\x', but should be Upper"},
+             {"games.tsv", "Upper\tLower\tTrue", "Upper\tLowr\tTrue",
+              ":2: ", "droptype is 'Lowr', but should be Upper, Lower or Pictures"},
              {"games.tsv", "Upper\tLower\tTrue", "Upper\t\tTrue", ":2: ", "droptype is empty"},
              {"games.tsv", "Lower\tTrue", "Lower\tYes",
               ":2: ", "backgroundletters is 'Yes', but should be True or False"},
@@ -263,7 +266,17 @@ TEST_F(StoreBuilderTest, ListsEveryPictureThatAGameCanAskForOnce) {
     change("games.tsv", "Upper\tLower\tTrue", "Upper\tpictures\tTrue");
     tables_.write(content_);
     const auto list = folder_.path() / "lists" / "pictures.txt";
-    ASSERT_EQ(build_store_and_list(content_, list, file_), Lines{});
+    const auto drawings = folder_.path() / "drawings";
+    std::filesystem::create_directory(drawings);
+    for (char tens = 'a'; tens <= 'd'; ++tens) {
+        for (char ones = 'a'; ones <= 'z'; ++ones) std::ofstream(drawings / ("thing"s + tens + ones + ".svg"));
+    }
+    std::filesystem::remove(drawings / "thingab.svg");
+    EXPECT_EQ(build_store_and_list(content_, drawings, list, file_),
+              Lines{content_.generic_string() + "/things.tsv:3: there is no drawing 'thingab.svg'"});
+    EXPECT_FALSE(std::filesystem::exists(list) || std::filesystem::exists(file_));
+    std::ofstream(drawings / "thingab.svg");
+    ASSERT_EQ(build_store_and_list(content_, drawings, list, file_), Lines{});
     std::map<std::string, int> files;
     std::map<std::string, int> folders;
     std::istringstream lines(bytes_of(list));
@@ -287,7 +300,7 @@ TEST_F(StoreBuilderTest, ListsEveryPictureThatAGameCanAskForOnce) {
         EXPECT_EQ(files.count(file), 1U) << file;
     }
     const auto written = std::filesystem::last_write_time(list);
-    ASSERT_EQ(build_store_and_list(content_, list, file_), Lines{});
+    ASSERT_EQ(build_store_and_list(content_, drawings, list, file_), Lines{});
     EXPECT_EQ(std::filesystem::last_write_time(list), written);
 }
 

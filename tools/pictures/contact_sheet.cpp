@@ -1,5 +1,4 @@
 // For whoever draws: lays the pictures out on sheets that can be looked at as a whole.
-// contact_sheet OUT_FOLDER_OF_PNGS KEYPICTURES_FOLDER ARTWORK_FOLDER
 
 #include <QGuiApplication>
 #include <QImage>
@@ -8,9 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
-#include <exception>
 #include <filesystem>
-#include <iostream>
 #include <map>
 #include <string>
 #include <string_view>
@@ -116,6 +113,7 @@ QImage as_shown(const QImage& picture, int zoom) {
 
 std::vector<QImage> as_shown(const std::vector<QImage>& pictures, int zoom) {
     std::vector<QImage> shown;
+    shown.reserve(pictures.size());
     for (const QImage& picture : pictures) shown.push_back(as_shown(picture, zoom));
     return shown;
 }
@@ -165,16 +163,10 @@ void lay_out_buttons(const fs::path& folder, const fs::path& out) {
     sheet.save(out / "buttons.png");
 }
 
-int run(const std::vector<fs::path>& arguments) {
-    if (arguments.size() != 3) {
-        std::cerr << "Usage: contact_sheet OUT_FOLDER_OF_PNGS KEYPICTURES_FOLDER ARTWORK_FOLDER\n";
-        return 1;
-    }
-    return run_tool([&] {
-        fs::create_directories(arguments[0]);
-        lay_out_key_pictures(arguments[1], arguments[0]);
-        lay_out_buttons(arguments[2] / "buttons", arguments[0]);
-    });
+void lay_out_all(const std::vector<fs::path>& arguments) {
+    fs::create_directories(arguments[0]);
+    lay_out_key_pictures(arguments[1], arguments[0]);
+    lay_out_buttons(arguments[2] / "buttons", arguments[0]);
 }
 
 }  // namespace
@@ -182,5 +174,6 @@ int run(const std::vector<fs::path>& arguments) {
 
 int main(int argc, char* argv[]) {
     const marrowfen::Offscreen toolkit(argv[0]);
-    return marrowfen::run({argv + 1, argv + argc});
+    return marrowfen::run_tool(argc, argv, "contact_sheet OUT_FOLDER_OF_PNGS KEYPICTURES_FOLDER ARTWORK_FOLDER",
+                               marrowfen::lay_out_all);
 }

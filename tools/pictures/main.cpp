@@ -1,11 +1,8 @@
-// Makes every picture that the games ask for:
-// make_pictures LIST_FILE THINGS_TSV ARTWORK_FOLDER ANDIKA_TTF OUT_FOLDER
+// Makes every picture that the games ask for.
 
 #include <QImage>
 #include <QPainter>
-#include <exception>
 #include <filesystem>
-#include <iostream>
 #include <set>
 #include <string>
 #include <vector>
@@ -77,24 +74,19 @@ void check(const fs::path& file) {
     }
 }
 
-int run(const std::vector<fs::path>& arguments) {
-    if (arguments.size() != 5) {
-        std::cerr << "Usage: make_pictures LIST_FILE THINGS_TSV ARTWORK_FOLDER ANDIKA_TTF OUT_FOLDER\n";
-        return 1;
-    }
-    return run_tool([&] {
-        const std::vector<Picture> pictures = read_picture_list(arguments[0], read_things(arguments[1]));
-        const fs::path& out = arguments[4];
-        Studio studio(arguments[2], arguments[3]);
-        std::vector<std::string> files;  // all are made before the folder is touched
-        for (const Picture& picture : pictures) files.push_back(studio.make(picture));
+void make_pictures(const std::vector<fs::path>& arguments) {
+    const std::vector<Picture> pictures = read_picture_list(arguments[0], read_things(arguments[1]));
+    const fs::path& out = arguments[4];
+    Studio studio(arguments[2], arguments[3]);
+    std::vector<std::string> files;  // all are made before the folder is touched
+    files.reserve(pictures.size());
+    for (const Picture& picture : pictures) files.push_back(studio.make(picture));
 
-        std::set<std::string> names;
-        for (const Picture& picture : pictures) names.insert(picture.file);
-        remove_other_pictures(out, names);
-        for (std::size_t i = 0; i < pictures.size(); ++i) write_if_changed(out / pictures[i].file, files[i]);
-        for (const Picture& picture : pictures) check(out / picture.file);
-    });
+    std::set<std::string> names;
+    for (const Picture& picture : pictures) names.insert(picture.file);
+    remove_other_pictures(out, names);
+    for (std::size_t i = 0; i < pictures.size(); ++i) write_if_changed(out / pictures[i].file, files[i]);
+    for (const Picture& picture : pictures) check(out / picture.file);
 }
 
 }  // namespace
@@ -102,5 +94,6 @@ int run(const std::vector<fs::path>& arguments) {
 
 int main(int argc, char* argv[]) {
     const marrowfen::Offscreen toolkit(argv[0]);
-    return marrowfen::run({argv + 1, argv + argc});
+    return marrowfen::run_tool(argc, argv, "make_pictures LIST_FILE THINGS_TSV ARTWORK_FOLDER ANDIKA_TTF OUT_FOLDER",
+                               marrowfen::make_pictures);
 }

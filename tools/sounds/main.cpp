@@ -1,9 +1,7 @@
-// Makes every sound of the program from the recipes: make_sounds RECIPES_FOLDER OUT_FOLDER
+// Makes every sound of the program from the recipes.
 
 #include <algorithm>
-#include <exception>
 #include <filesystem>
-#include <iostream>
 #include <system_error>
 #include <utility>
 #include <vector>
@@ -53,24 +51,20 @@ void make_letters(const fs::path& recipe, const fs::path& out) {
     }
 }
 
-int run(const std::vector<fs::path>& arguments) {
-    if (arguments.size() != 2) {
-        std::cerr << "Usage: make_sounds RECIPES_FOLDER OUT_FOLDER\n";
-        return 1;
-    }
-    return run_tool([&] {
-        const fs::path& recipes = arguments[0];
-        const fs::path& out = arguments[1];
-        const fs::path letters = out / "Phonics" / "Lower_Case";
-        std::error_code error;
-        fs::create_directories(letters, error);
-        if (error) throw Failure("The folder " + letters.string() + " can't be made: " + error.message() + ".");
-        make_cues(recipes / "cues", out);
-        make_letters(recipes / "letters.tsv", letters);
-    });
+void make_sounds(const std::vector<fs::path>& arguments) {
+    const fs::path& recipes = arguments[0];
+    const fs::path& out = arguments[1];
+    const fs::path letters = out / "Phonics" / "Lower_Case";
+    std::error_code error;
+    fs::create_directories(letters, error);
+    if (error) throw Failure("The folder " + letters.string() + " can't be made: " + error.message() + ".");
+    make_cues(recipes / "cues", out);
+    make_letters(recipes / "letters.tsv", letters);
 }
 
 }  // namespace
 }  // namespace marrowfen
 
-int main(int argc, char* argv[]) { return marrowfen::run({argv + 1, argv + argc}); }
+int main(int argc, char* argv[]) {
+    return marrowfen::run_tool(argc, argv, "make_sounds RECIPES_FOLDER OUT_FOLDER", marrowfen::make_sounds);
+}

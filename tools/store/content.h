@@ -33,11 +33,13 @@ struct Content {
     std::vector<GameLook> looks;
 };
 
-/// Reads and checks the tables of the folder. With faults the content is incomplete and not to be used.
-[[nodiscard]] Content read_content(const std::filesystem::path& folder, Faults& faults);
+/// Reads and checks the tables of the folder. With faults the content is incomplete and not to be used. Every picture
+/// of a key must have its drawing in the folder of drawings; with an empty path that is not asked.
+[[nodiscard]] Content read_content(const std::filesystem::path& folder, const std::filesystem::path& drawings,
+                                   Faults& faults);
 
-[[nodiscard]] ContentTable read_games(const std::filesystem::path& folder, std::vector<GameLook>& looks,
-                                      Faults& faults);
+[[nodiscard]] ContentTable read_games(const std::filesystem::path& folder, const std::filesystem::path& drawings,
+                                      std::vector<GameLook>& looks, Faults& faults);
 /// Groups 1 to `groups` must be there.
 [[nodiscard]] ContentTable read_words(const std::filesystem::path& file, const std::string& table, int groups,
                                       Faults& faults);

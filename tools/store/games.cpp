@@ -1,3 +1,5 @@
+#include <algorithm>
+#include <array>
 #include <map>
 #include <optional>
 
@@ -26,11 +28,12 @@ enum Column : std::uint8_t {
 
 constexpr int kHighestId = 30;
 constexpr int kHighestNumber = 99;
+constexpr std::array kCapSets{"Upper", "Lower", "Pictures"};
 constexpr std::size_t kLongestName = 34;  // the list has no room for more
 
 using KeyPictures = std::vector<std::string>;  ///< for the keys in their order
 
-KeyPictures read_pictures(const std::filesystem::path& file, Faults& faults) {
+KeyPictures read_pictures(const std::filesystem::path& file, const std::filesystem::path& drawings, Faults& faults) {
     enum PictureColumn : std::uint8_t { kKey, kPicture };
     const TabTable table(file, {"key", "picture"}, faults);
     KeyPictures pictures;
@@ -43,7 +46,11 @@ KeyPictures read_pictures(const std::filesystem::path& file, Faults& faults) {
             if (row.cell(kKey) != key) row.fault("key is '" + row.cell(kKey) + "', but '" + key + "' comes here");
         }
         // Anything else could lead out of the folder of pictures.
-        if (!all_small_letters(picture)) row.fault("picture '" + picture + "' should have the letters a to z alone");
+        if (!all_small_letters(picture)) {
+            row.fault("picture '" + picture + "' should have the letters a to z alone");
+        } else if (!drawings.empty() && !std::filesystem::exists(drawings / (picture + ".svg"))) {
+            row.fault("there is no drawing '" + picture + ".svg'");
+        }
         row.only_once(kPicture, picture, seen);
         pictures.push_back(picture);
     }
@@ -59,16 +66,17 @@ KeyPictures read_pictures(const std::filesystem::path& file, Faults& faults) {
 /// Sets of pictures by name, each read once.
 class PictureSets {
 public:
-    PictureSets(std::filesystem::path folder, Faults& faults) : folder_(std::move(folder)), faults_(faults) {}
+    PictureSets(std::filesystem::path folder, std::filesystem::path drawings, Faults& faults)
+        : folder_(std::move(folder)), drawings_(std::move(drawings)), faults_(faults) {}
 
     KeyPictures take(const std::string& name) {
         const auto known = sets_.find(name);
         if (known != sets_.end()) return known->second;
-        return sets_[name] = read_pictures(folder_ / (name + ".tsv"), faults_);
+        return sets_[name] = read_pictures(folder_ / (name + ".tsv"), drawings_, faults_);
     }
 
 private:
-    std::filesystem::path folder_;
+    std::filesystem::path folder_, drawings_;
     Faults& faults_;
     std::map<std::string, KeyPictures> sets_;
 };
@@ -86,10 +94,15 @@ Value text_or_null(const std::string& text) { return text.empty() ? Value{} : Va
 
 void check_look(const RowReader& row, const TabTable& table, const GameLook& look) {
     if (look.shows_faces) (void)row.needed(kFaces);
-    for (const Column column : {kTiles, kFaces, kPictures}) {
-        if (!all_letters(row.cell(column))) {
-            row.fault(table.column(column) + " '" + row.cell(column) + "' should have the letters A to Z alone");
+    for (const Column column : {kTiles, kFaces}) {
+        const std::string& set = row.cell(column);
+        const bool known = std::ranges::any_of(kCapSets, [&](const char* name) { return same_name(set, name); });
+        if (!known && !set.empty()) {
+            row.fault(table.column(column) + " is '" + set + "', but should be Upper, Lower or Pictures");
         }
+    }
+    if (!all_letters(row.cell(kPictures))) {
+        row.fault("pics '" + row.cell(kPictures) + "' should have the letters A to Z alone");
     }
     if (look.shows_pictures && row.cell(kPictures).empty()) {
         row.fault("background is True, so pics should name the pictures");
@@ -104,13 +117,14 @@ void check_name(const RowReader& row, const std::string& name) {
 
 }  // namespace
 
-ContentTable read_games(const std::filesystem::path& folder, std::vector<GameLook>& looks, Faults& faults) {
+ContentTable read_games(const std::filesystem::path& folder, const std::filesystem::path& drawings,
+                        std::vector<GameLook>& looks, Faults& faults) {
     ContentTable content{.name = "Templates", .rows = {}};
     const TabTable table(folder / "games.tsv",
                          {"Template_ID", "GameNumber", "GameName", "Panels", "dragtype", "droptype",
                           "backgroundletters", "Split", "background", "pics"},
                          faults);
-    PictureSets sets(folder, faults);
+    PictureSets sets(folder, drawings, faults);
     std::map<std::string, int> ids;
     std::map<std::string, int> numbers;
     std::map<std::string, int> names;

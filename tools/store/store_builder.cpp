@@ -42,14 +42,14 @@ std::vector<std::string> write(const Content& content, const Faults& faults, con
 
 std::vector<std::string> build_store(const fs::path& content_folder, const fs::path& data_mdb) {
     Faults faults;
-    const Content content = read_content(content_folder, faults);
+    const Content content = read_content(content_folder, {}, faults);
     return write(content, faults, data_mdb);
 }
 
-std::vector<std::string> build_store_and_list(const fs::path& content_folder, const fs::path& picture_list,
-                                              const fs::path& data_mdb) {
+std::vector<std::string> build_store_and_list(const fs::path& content_folder, const fs::path& drawings,
+                                              const fs::path& picture_list, const fs::path& data_mdb) {
     Faults faults;
-    const Content content = read_content(content_folder, faults);
+    const Content content = read_content(content_folder, drawings, faults);
     auto lines = write(content, faults, data_mdb);
     if (lines.empty() && !write_list(picture_list, pictures_for(content))) {
         lines.push_back(picture_list.generic_string() + ": the list of pictures can't be written");

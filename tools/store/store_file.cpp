@@ -111,9 +111,15 @@ Failure write_content(Connection& connection, const Content& content, const std:
 }
 
 /// A journal without its store would be played into the next file of that name.
-void remove_with_journal(const fs::path& file) {
+void remove_journal(const fs::path& file) {
     std::error_code ignored;  // what can't be removed shows in the step that follows
-    for (const char* ending : {"", "-journal", "-wal", "-shm"}) fs::remove(fs::path(file) += ending, ignored);
+    for (const char* ending : {"-journal", "-wal", "-shm"}) fs::remove(fs::path(file) += ending, ignored);
+}
+
+void remove_with_journal(const fs::path& file) {
+    std::error_code ignored;
+    fs::remove(file, ignored);
+    remove_journal(file);
 }
 
 /// A store that is half made never bears the store's name.
@@ -124,13 +130,13 @@ Failure create(const fs::path& file, const Content& content, const std::string& 
     remove_with_journal(unfinished);
     Failure failure;
     {
-        Connection connection(unfinished, Connection::Mode::Create, SqliteStoreEngine::kPatience);
+        Connection connection(unfinished, Connection::Mode::Create, SqliteStoreEngine::kBusyTimeout);
         failure = connection.open_failure();
         if (!failure) failure = connection.prepare_to_write();
         if (!failure) failure = write_content(connection, content, fingerprint);
     }
     if (!failure) {
-        remove_with_journal(file);
+        remove_journal(file);
         fs::rename(unfinished, file, error);
         if (error) failure = {"it can't be put in its place (" + error.message() + ")"};
     }
@@ -139,7 +145,7 @@ Failure create(const fs::path& file, const Content& content, const std::string& 
 }
 
 Failure bring_up_to_date(const fs::path& file, const Content& content, const std::string& fingerprint) {
-    Connection connection(file, Connection::Mode::Existing, SqliteStoreEngine::kPatience);
+    Connection connection(file, Connection::Mode::Existing, SqliteStoreEngine::kBusyTimeout);
     if (auto failure = connection.open_failure()) return failure;
     if (auto failure = check_identity(connection)) return failure;
     if (holds(connection, fingerprint)) return std::nullopt;
@@ -154,7 +160,8 @@ std::optional<StoreFailure> write_store(const fs::path& file, const Content& con
     const std::string fingerprint = fingerprint_of(content);
     std::error_code error;
     const auto status = fs::symlink_status(file, error);
-    if (!fs::exists(status)) return create(file, content, fingerprint);
+    // Only when that is certain: a drive that does not answer just now may hold the pupils of a whole school.
+    if (status.type() == fs::file_type::not_found) return create(file, content, fingerprint);
     if (auto failure = check_place(file)) return failure;
     return bring_up_to_date(file, content, fingerprint);
 }
