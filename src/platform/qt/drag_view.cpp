@@ -16,7 +16,8 @@ void DragView::follow(const std::optional<Desktop::Drag>& drag) {
         if (std::exchange(lifted_, nullptr) != nullptr) hide();
         return;
     }
-    if (lifted_ != drag->source) lift(*drag->source);
+    // A tile that is typed away while it is held bears another letter from then on.
+    if (lifted_ != drag->source || face_ != drag->source->Picture.get()) lift(*drag->source);
     const Scale& scale = surroundings_.scale;
     const QRect pointer = scale.widget(scale.device({drag->pointer.x, drag->pointer.y, 0, 0}));
     move(pointer.x() - width() / 2, pointer.y() - height() / 2);
@@ -28,6 +29,7 @@ void DragView::follow(const std::optional<Desktop::Drag>& drag) {
 void DragView::lift(const PictureBox& tile) {
     constexpr double kLarger = 1.1;
     lifted_ = &tile;
+    face_ = tile.Picture;
     const Scale& scale = surroundings_.scale;
     const QSize size = scale.device(tile.bounds()).size() * kLarger;
     picture_ = QPixmap(size);

@@ -22,6 +22,7 @@ private:
 
     const Surroundings& surroundings_;
     const PictureBox* lifted_ = nullptr;  // only compared: the tile may be gone
+    Picture face_;
     QPixmap picture_;
     int shadow_ = 0;  // device pixels
 };

@@ -65,7 +65,7 @@ FormView* Stage::view_of(const Form* form) const {
 
 void Stage::changed(const Form& form, const Rect& part) {
     FormView* view = view_of(&form);
-    if (view != nullptr && view->changed(part)) rearranged();
+    if (view != nullptr && (view->changed(part) || surroundings_.desktop->drag())) rearranged();
 }
 
 void Stage::rearranged() {
