@@ -54,7 +54,7 @@ void frmSimpleKeyBoard::load() {
     if (!read_template()) {
         program_.forms.unload(FormId::frmSettings);
         program_.forms.show(FormId::frmGames);
-        program_.tell("Sorry, this game can't be found. Please choose another one.");
+        if (!program_.unreadable()) program_.tell("Sorry, this game can't be found. Please choose another one.");
         program_.forms.unload(kId);
         return;
     }

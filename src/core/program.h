@@ -72,6 +72,9 @@ public:
     /// Opens a row set; one that can't be read is empty, and the pupil is told why.
     [[nodiscard]] std::unique_ptr<RowSet> open_rows(std::string_view table_or_query);
 
+    /// Whether the store could not be read when it was last asked. That has been told.
+    [[nodiscard]] bool unreadable() const { return told_unreadable_; }
+
     void tell(const std::string& message);
     void leave(Exit exit);
 

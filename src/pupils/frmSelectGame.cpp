@@ -32,15 +32,17 @@ void frmSelectGame::RunGame() {
         program_.tell("Please choose your name from the list above");
         return;
     }
-    State& state = program_.state;
-    state.PupilID = as_whole(program_.LookupField("Pupils", "Pupil_ID", where_text("PupilName", cmbPupils.Text.get())));
-    if (state.PupilID == 0) {
+    const Value id = program_.LookupField("Pupils", "Pupil_ID", where_text("PupilName", cmbPupils.Text.get()));
+    if (program_.unreadable()) return;
+    program_.state.PupilID = as_whole(id);
+    if (program_.state.PupilID == 0) {
         program_.tell("There is no pupil with that name, if you have not played before click new player");
     }
 }
 
 void frmSelectGame::pupil_chosen() {
     RunGame();
+    if (program_.unreadable()) return;  // nobody plays under a name that was not found
     program_.forms.show(FormId::frmGames);
     program_.forms.hide(kId);
 }
