@@ -11,6 +11,8 @@ template <class... Cases>
 struct Match : Cases... {
     using Cases::operator()...;
 };
+template <class... Cases>
+Match(Cases...) -> Match<Cases...>;
 
 std::string padded(std::int64_t number, std::size_t digits) {
     std::string text = std::to_string(number);

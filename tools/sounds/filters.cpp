@@ -29,13 +29,13 @@ struct Biquad {
 
 }  // namespace
 
-void Band::tune(double hz, double width) {
+void BandPass::tune(double hz, double width) {
     g_ = std::tan(kPi * std::min(hz, kHighestCentre) / kRate);
     const double reach = std::exp2(width);
     damping_ = (reach - 1) / std::sqrt(reach);
 }
 
-double Band::pass(double in) {
+double BandPass::pass(double in) {
     const double high = (in - (g_ + damping_) * first_ - second_) / (1 + g_ * (g_ + damping_));
     const double band = g_ * high + first_;
     const double low = g_ * band + second_;
@@ -58,14 +58,14 @@ double Formant::pass(double in) {
     return out;
 }
 
-Dull::Dull(double hz) : share_(1 - std::exp(-2 * kPi * hz / kRate)) {}
+LowPass::LowPass(double hz) : share_(1 - std::exp(-2 * kPi * hz / kRate)) {}
 
-double Dull::pass(double in) {
+double LowPass::pass(double in) {
     last_ += share_ * (in - last_);
     return last_;
 }
 
-void turn_lows_off(Samples& sound, double hz) {
+void high_pass(Samples& sound, double hz) {
     const double w = 2 * kPi * hz / kRate;
     const double alpha = std::sin(w) / std::numbers::sqrt2;
     const double cosine = std::cos(w);
@@ -74,7 +74,7 @@ void turn_lows_off(Samples& sound, double hz) {
     Biquad{{edge, -2 * edge, edge}, {-2 * cosine / a0, (1 - alpha) / a0}}.run(sound);
 }
 
-void turn_highs_down(Samples& sound, double hz, double decibels) {
+void high_shelf(Samples& sound, double hz, double decibels) {
     const double gain = from_decibels(decibels / 2);
     const double w = 2 * kPi * hz / kRate;
     const double cosine = std::cos(w);

@@ -5,7 +5,7 @@
 namespace marrowfen {
 
 /// Lets a band around a pitch through at its own level. The pitch may move from sample to sample.
-class Band {
+class BandPass {
 public:
     /// `width` in octaves, above 0.
     void tune(double hz, double width);
@@ -28,9 +28,9 @@ private:
 };
 
 /// Dulls a sound a little more with every octave above `hz`.
-class Dull {
+class LowPass {
 public:
-    explicit Dull(double hz);
+    explicit LowPass(double hz);
     [[nodiscard]] double pass(double in);
 
 private:
@@ -39,9 +39,9 @@ private:
 };
 
 /// Takes away what lies below about `hz`.
-void turn_lows_off(Samples& sound, double hz);
+void high_pass(Samples& sound, double hz);
 
 /// Turns the highs above about `hz` down by `decibels` (below 0).
-void turn_highs_down(Samples& sound, double hz, double decibels);
+void high_shelf(Samples& sound, double hz, double decibels);
 
 }  // namespace marrowfen

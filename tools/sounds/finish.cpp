@@ -71,7 +71,7 @@ void fade_ends(Samples& sound) {
     const double last = seconds_of(sound.size() - 1);
     for (std::size_t i = 0; i < sound.size(); ++i) {
         const double now = seconds_of(i);
-        sound[i] *= eased(now / kEndFade) * eased((last - now) / kEndFade);
+        sound[i] *= raised_cosine(now / kEndFade) * raised_cosine((last - now) / kEndFade);
     }
 }
 
@@ -90,15 +90,16 @@ Samples trimmed(const Samples& sound) {
 void fade_out(Samples& sound, double seconds) {
     const double end = seconds_of(sound.size());
     if (seconds <= 0) return;
-    for (std::size_t i = 0; i < sound.size(); ++i) sound[i] *= eased((end - seconds_of(i)) / std::min(seconds, end));
+    for (std::size_t i = 0; i < sound.size(); ++i)
+        sound[i] *= raised_cosine((end - seconds_of(i)) / std::min(seconds, end));
 }
 
 bool finish(Samples& sound, double decibels) {
     constexpr int kTries = 12;
     constexpr double kNear = 0.1;  // dB
     if (sound.empty() || loudness(sound) <= 0) return false;
-    turn_lows_off(sound, kLowsTo);
-    turn_highs_down(sound, kHighsFrom, kHighsDown);
+    high_pass(sound, kLowsTo);
+    high_shelf(sound, kHighsFrom, kHighsDown);
     fade_ends(sound);
     for (int attempt = 0; attempt < kTries; ++attempt) {
         const double missing = kCommonLoudness + decibels - 20 * std::log10(loudness(sound));

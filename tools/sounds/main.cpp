@@ -45,9 +45,9 @@ void make_cues(const fs::path& recipes, const fs::path& out) {
 }
 
 void make_letters(const fs::path& recipe, const fs::path& out) {
-    const Speaker speaker;
+    const SpeechSynthesizer synthesizer;
     for (const LetterRecipe& letter : read_letter_recipes(recipe)) {
-        finish_and_write(speaker.say(letter), letter.loudness, out / (letter.key + ".wav"));
+        finish_and_write(synthesizer.say(letter), letter.loudness, out / (letter.key + ".wav"));
     }
 }
 

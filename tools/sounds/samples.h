@@ -23,7 +23,7 @@ inline constexpr double kRate = 44100;
 [[nodiscard]] inline double from_decibels(double decibels) { return std::pow(10.0, decibels / 20); }
 
 /// A half cosine from 0 to 1 while `part` goes from 0 to 1; stays at the ends beyond them.
-[[nodiscard]] inline double eased(double part) {
+[[nodiscard]] inline double raised_cosine(double part) {
     if (part <= 0) return 0;
     if (part >= 1) return 1;
     return 0.5 - 0.5 * std::cos(part * 3.14159265358979323846);

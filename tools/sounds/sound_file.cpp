@@ -63,7 +63,7 @@ void write_whole(const fs::path& file, const Samples& sound, int format) {
 
 }  // namespace
 
-Recording read_sound(const fs::path& file) {
+Recording read_recording(const fs::path& file) {
     SF_INFO info{};
     const SoundFile in(sf_open(file.string().c_str(), SFM_READ, &info));
     if (!in) throw Failure("The sound " + file.string() + " can't be read: " + sf_strerror(nullptr) + ".");

@@ -12,7 +12,7 @@ struct Recording {
 };
 
 /// Throws Failure where there is no sound file that can be read.
-[[nodiscard]] Recording read_sound(const std::filesystem::path& file);
+[[nodiscard]] Recording read_recording(const std::filesystem::path& file);
 
 /// Writes 16-bit samples at kRate, as ".au" or ".wav" by the extension. The file appears under its name only once it
 /// is whole; until then, and after a Failure, whatever had that name stays as it was.

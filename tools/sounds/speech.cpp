@@ -76,14 +76,14 @@ std::vector<LetterRecipe> read_letter_recipes(const fs::path& file) {
     return letters;
 }
 
-Speaker::Speaker() : folder_(new_folder()) {}
+SpeechSynthesizer::SpeechSynthesizer() : folder_(new_folder()) {}
 
-Speaker::~Speaker() {
+SpeechSynthesizer::~SpeechSynthesizer() {
     std::error_code ignored;
     fs::remove_all(folder_, ignored);
 }
 
-Samples Speaker::say(const LetterRecipe& letter) const {
+Samples SpeechSynthesizer::say(const LetterRecipe& letter) const {
     const std::string command = "espeak-ng -z -v " + letter.voice + " -s " + std::to_string(letter.speed) + " -f " +
                                 in_quotes((folder_ / "text").string()) + " -w " +
                                 in_quotes((folder_ / "speech.wav").string()) + " 2> " +
@@ -93,7 +93,7 @@ Samples Speaker::say(const LetterRecipe& letter) const {
     if (std::system(command.c_str()) != 0) {
         throw Failure("espeak-ng can't speak the sound of " + letter.key + ": " + first_line(folder_ / "reason") + ".");
     }
-    const Recording speech = read_sound(folder_ / "speech.wav");
+    const Recording speech = read_recording(folder_ / "speech.wav");
     Samples sound = trimmed(resampled(speech.samples, speech.rate));
     fade_out(sound, letter.fade);
     sound = trimmed(sound);

@@ -23,12 +23,12 @@ struct LetterRecipe {
 [[nodiscard]] std::vector<LetterRecipe> read_letter_recipes(const std::filesystem::path& file);
 
 /// Speaks with espeak-ng. Its working files lie in a folder of their own, which goes away with the object.
-class Speaker {
+class SpeechSynthesizer {
 public:
-    Speaker();
-    Speaker(const Speaker&) = delete;
-    Speaker& operator=(const Speaker&) = delete;
-    ~Speaker();
+    SpeechSynthesizer();
+    SpeechSynthesizer(const SpeechSynthesizer&) = delete;
+    SpeechSynthesizer& operator=(const SpeechSynthesizer&) = delete;
+    ~SpeechSynthesizer();
 
     /// The letter's sound without silence around it, at kRate. Throws Failure where espeak-ng fails, and where
     /// the length is not the wanted one: espeak-ng leaves out what it can't read and says nothing.

@@ -55,8 +55,8 @@ Samples ring(const Layer& layer, const std::vector<Partial>& timbre, std::size_t
 
 /// Two bands in a row, so that little is left of the noise beside the wanted one.
 Samples hiss(const Layer& layer, std::size_t length, double pitch, Dice& dice) {
-    Band first;
-    Band second;
+    BandPass first;
+    BandPass second;
     Samples sound(length);
     for (std::size_t i = 0; i < length; ++i) {
         const double hz = layer.hz.at(static_cast<double>(i) / static_cast<double>(length)) * pitch;
@@ -83,8 +83,8 @@ Samples strike(const CueRecipe& recipe, const Layer& layer, double seconds, cons
     for (std::size_t i = 0; i < length; ++i) {
         const double now = seconds_of(i);
         double gain = player.level;
-        if (layer.attack > 0) gain *= eased(now / layer.attack);
-        if (layer.release > 0) gain *= eased((seconds - now) / layer.release);
+        if (layer.attack > 0) gain *= raised_cosine(now / layer.attack);
+        if (layer.release > 0) gain *= raised_cosine((seconds - now) / layer.release);
         if (layer.flutter > 0) gain *= 0.55 - 0.45 * std::cos(kTau * layer.flutter * now);
         if (falls) gain *= fallen(now, layer.decay);
         sound[i] *= gain;
@@ -117,8 +117,8 @@ Samples play_layer(const CueRecipe& recipe, const Layer& layer, Dice& dice) {
     }
     const double seconds = seconds_of(all.size());
     for (std::size_t i = 0; i < all.size(); ++i) {
-        if (layer.swell > 0) all[i] *= eased(seconds_of(i) / layer.swell);
-        if (layer.ebb > 0) all[i] *= eased((seconds - seconds_of(i)) / layer.ebb);
+        if (layer.swell > 0) all[i] *= raised_cosine(seconds_of(i) / layer.swell);
+        if (layer.ebb > 0) all[i] *= raised_cosine((seconds - seconds_of(i)) / layer.ebb);
     }
     return all;
 }
@@ -133,7 +133,7 @@ Samples play(const CueRecipe& recipe) {
         add(play_layer(recipe, layer, dice), layer.start, layer.level, sound);
     }
     sound.resize(samples_in(recipe.length));
-    if (recipe.room > 0) stand_in_room(sound, recipe.room, recipe.room_size);
+    if (recipe.room > 0) add_room(sound, recipe.room, recipe.room_size);
     return sound;
 }
 

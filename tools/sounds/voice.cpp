@@ -14,9 +14,9 @@ constexpr double kSoftClosing = 0.25;
 constexpr double kHardClosing = 0.03;
 
 /// Vocal folds. Gravel comes from cycles that differ in length and strength, and from every second one being weak.
-class Folds {
+class GlottalSource {
 public:
-    Folds(const Layer& layer, Dice& dice)
+    GlottalSource(const Layer& layer, Dice& dice)
         : rough_(layer.rough),
           breath_(layer.breath),
           closing_(std::lerp(kSoftClosing, kHardClosing, layer.edge)),
@@ -62,7 +62,7 @@ double bandwidth(double hz) { return 50 + 0.045 * hz; }
 
 Samples sing(const Layer& layer, std::size_t length, double pitch, double size, Dice& dice) {
     constexpr std::size_t kSteady = 32;  // samples for which a mouth may be taken to stand still
-    Folds folds(layer, dice);
+    GlottalSource source(layer, dice);
     std::vector<Formant> throat(layer.mouth.size());
     double sway = 0;  // no one holds a pitch to the hertz
     Samples sound(length);
@@ -75,7 +75,7 @@ Samples sing(const Layer& layer, std::size_t length, double pitch, double size, 
             }
             sway = 0.98 * sway + 0.004 * dice.noise();
         }
-        double sample = folds.next(layer.hz.at(part) * pitch * (1 + sway));
+        double sample = source.next(layer.hz.at(part) * pitch * (1 + sway));
         for (Formant& formant : throat) sample = formant.pass(sample);
         sound[i] = sample;
     }

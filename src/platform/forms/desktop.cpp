@@ -11,7 +11,7 @@ Desktop::Desktop(Display& display) : display_(display) {}
 Desktop::~Desktop() = default;
 
 Form& Desktop::load(std::unique_ptr<Form> form) {
-    const Handling handling(*this);
+    const HandlerScope handler_scope(*this);
     Form& loaded = *forms_.emplace_back(std::move(form));
     loaded.place();
     loaded.load();
@@ -19,7 +19,7 @@ Form& Desktop::load(std::unique_ptr<Form> form) {
 }
 
 void Desktop::show(Form& form) {
-    const Handling handling(*this);
+    const HandlerScope handler_scope(*this);
     if (!is_loaded(form)) return;
     form.visible_ = true;
     raise(form);
@@ -29,7 +29,7 @@ void Desktop::show(Form& form) {
 }
 
 void Desktop::hide(Form& form) {
-    const Handling handling(*this);
+    const HandlerScope handler_scope(*this);
     if (!form.visible_) return;
     form.visible_ = false;
     if (active_ == &form) activate_next();
@@ -37,7 +37,7 @@ void Desktop::hide(Form& form) {
 }
 
 void Desktop::unload(Form& form) {
-    const Handling handling(*this);
+    const HandlerScope handler_scope(*this);
     const auto place = std::ranges::find(forms_, &form, &std::unique_ptr<Form>::get);
     if (place == forms_.end()) return;
     for (Timer* timer : form.timers_) timer->disable();
@@ -45,7 +45,7 @@ void Desktop::unload(Form& form) {
     if (under_drag_ != nullptr && &under_drag_->form() == &form) under_drag_ = nullptr;
     if (drag_ && &drag_->source->form() == &form) end_drag();
     form.visible_ = false;
-    gone_.push_back(std::move(*place));
+    pending_deletion_.push_back(std::move(*place));
     forms_.erase(place);
     display_.closed(form);
     rearranged();
@@ -68,16 +68,16 @@ void Desktop::raise(Form& form) {
 // Two forms that both refuse to lose the active state would hand it to and fro for ever. The first to take it back
 // keeps it: that is the message, which must be answered.
 void Desktop::activate(Form& form) {
-    constexpr int kMostTakingsBack = 2;
-    if (active_ == &form || !is_loaded(form) || takings_back_ >= kMostTakingsBack) return;
+    constexpr int kMostReactivations = 2;
+    if (active_ == &form || !is_loaded(form) || reactivations_ >= kMostReactivations) return;
     Form* before = std::exchange(active_, &form);
     if (form.focus_ == nullptr) form.focus_ = form.first_to_take_focus();
     rearranged();
     if (before != nullptr) {
-        ++takings_back_;
+        ++reactivations_;
         if (before->focus_ != nullptr && before->focus_->on_lost_focus) before->focus_->on_lost_focus();
         before->deactivated();
-        --takings_back_;
+        --reactivations_;
     }
     if (active_ == &form) form.activated();
 }
@@ -93,7 +93,7 @@ void Desktop::activate_next() {
 }
 
 void Desktop::set_focus(Control& control) {
-    const Handling handling(*this);
+    const HandlerScope handler_scope(*this);
     Form& form = control.form();
     if (!is_loaded(form) || !form.visible_) return;
     give_focus(&control);
@@ -115,7 +115,7 @@ void Desktop::repaint_now(Form& form) {
 }
 
 void Desktop::yield() {
-    const Handling handling(*this);
+    const HandlerScope handler_scope(*this);
     display_.run_waiting_events();
 }
 
@@ -141,7 +141,7 @@ Form* Desktop::form_at(Point on_screen) const {
 }
 
 bool Desktop::key_down(const KeyEvent& event) {
-    const Handling handling(*this);
+    const HandlerScope handler_scope(*this);
     Form* form = active_;
     if (form == nullptr) return false;
     if (form->design().key_preview == KeyPreview::Yes) form->key_down(event);
@@ -153,7 +153,7 @@ bool Desktop::key_down(const KeyEvent& event) {
 }
 
 bool Desktop::key_pressed(char32_t character) {
-    const Handling handling(*this);
+    const HandlerScope handler_scope(*this);
     KeyPress press{character};
     Form* form = active_;
     if (form == nullptr) return false;
@@ -164,21 +164,21 @@ bool Desktop::key_pressed(char32_t character) {
 }
 
 void Desktop::key_released(const KeyEvent& event) {
-    const Handling handling(*this);
+    const HandlerScope handler_scope(*this);
     if (active_ == nullptr || active_->focus_ == nullptr || !active_->focus_->on_key_up) return;
     active_->focus_->on_key_up(event);
 }
 
 void Desktop::ticked(Timer& timer) {
-    const Handling handling(*this);
+    const HandlerScope handler_scope(*this);
     if (timer.enabled()) timer.tick();
 }
 
 void Desktop::screen_changed() {
-    const Handling handling(*this);
+    const HandlerScope handler_scope(*this);
     // The board's companions take their places from the board, which lies below them.
-    std::vector<Form*> forms;
-    for (const auto& form : forms_) forms.push_back(form.get());
+    std::vector<Form*> forms(forms_.size());
+    std::ranges::transform(forms_, forms.begin(), &std::unique_ptr<Form>::get);
     for (Form* form : forms) {
         if (!is_loaded(*form)) continue;
         const Size before{form->Width, form->Height};

@@ -64,13 +64,13 @@ public:
 
 private:
     /// While one of these stands on the stack, no unloaded form dies.
-    class Handling {
+    class HandlerScope {
     public:
-        explicit Handling(Desktop& desktop) : desktop_(desktop) { ++desktop_.handlers_; }
-        Handling(const Handling&) = delete;
-        Handling& operator=(const Handling&) = delete;
-        ~Handling() {
-            if (--desktop_.handlers_ == 0) desktop_.gone_.clear();
+        explicit HandlerScope(Desktop& desktop) : desktop_(desktop) { ++desktop_.handlers_; }
+        HandlerScope(const HandlerScope&) = delete;
+        HandlerScope& operator=(const HandlerScope&) = delete;
+        ~HandlerScope() {
+            if (--desktop_.handlers_ == 0) desktop_.pending_deletion_.clear();
         }
 
     private:
@@ -88,14 +88,14 @@ private:
     [[nodiscard]] bool is_live(const Control* control) const;
 
     Display& display_;
-    std::vector<std::unique_ptr<Form>> forms_;  // loaded ones, from the bottom to the top
-    std::vector<std::unique_ptr<Form>> gone_;   // unloaded, but a handler may still be inside
+    std::vector<std::unique_ptr<Form>> forms_;             // loaded ones, from the bottom to the top
+    std::vector<std::unique_ptr<Form>> pending_deletion_;  // unloaded, but a handler may still be inside
     Form* active_ = nullptr;
     Control* captured_ = nullptr;
     std::optional<Drag> drag_;
     PictureBox* under_drag_ = nullptr;
     int handlers_ = 0;
-    int takings_back_ = 0;
+    int reactivations_ = 0;
 };
 
 }  // namespace marrowfen

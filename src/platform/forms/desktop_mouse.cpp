@@ -17,7 +17,7 @@ void run(const std::function<void()>& handler) {
 // A press makes the form active but leaves the stacking alone: the board must stay under its companions, and the
 // backdrop under everything, wherever the pupil clicks.
 void Desktop::mouse_pressed(Point pointer) {
-    const Handling handling(*this);
+    const HandlerScope handler_scope(*this);
     Form* form = form_at(pointer);
     if (form == nullptr || drag_ || captured_ != nullptr) return;
     activate(*form);
@@ -37,7 +37,7 @@ void Desktop::mouse_pressed(Point pointer) {
 }
 
 void Desktop::mouse_moved(Point pointer) {
-    const Handling handling(*this);
+    const HandlerScope handler_scope(*this);
     if (drag_) {
         drag_to(pointer);
         return;
@@ -48,7 +48,7 @@ void Desktop::mouse_moved(Point pointer) {
 }
 
 void Desktop::mouse_released(Point pointer) {
-    const Handling handling(*this);
+    const HandlerScope handler_scope(*this);
     if (drag_) {
         drop(pointer);
         return;
@@ -95,7 +95,7 @@ void Desktop::end_drag() {
 }
 
 void Desktop::clicked_into(Control& control) {
-    const Handling handling(*this);
+    const HandlerScope handler_scope(*this);
     Form& form = control.form();
     if (!is_loaded(form)) return;
     activate(form);
@@ -103,22 +103,22 @@ void Desktop::clicked_into(Control& control) {
 }
 
 void Desktop::text_edited(TextBox& box, std::string text) {
-    const Handling handling(*this);
+    const HandlerScope handler_scope(*this);
     box.Text = std::move(text);
 }
 
 void Desktop::selected(ListBox& list, std::size_t index) {
-    const Handling handling(*this);
+    const HandlerScope handler_scope(*this);
     list.select(index);
 }
 
 void Desktop::double_clicked(ListBox& list) {
-    const Handling handling(*this);
+    const HandlerScope handler_scope(*this);
     run(list.on_double_click);
 }
 
 void Desktop::chosen(ComboBox& combo, std::size_t index) {
-    const Handling handling(*this);
+    const HandlerScope handler_scope(*this);
     combo.choose(index);
 }
 

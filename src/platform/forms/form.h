@@ -58,7 +58,7 @@ public:
     virtual void resized() {}      ///< has got its size on the screen, the first time or anew
     virtual void key_down(const KeyEvent&) {}
     virtual void key_pressed(KeyPress&) {}  ///< comes first with key preview on, never without
-    /// Puts the form where it belongs. Asked after the load and whenever the screen has changed.
+    /// Puts the form where it belongs. Asked before the load and whenever the screen has changed.
     virtual void place();
 
     void draw(const Disc& disc);  ///< over the pictures, on top of what was drawn before

@@ -27,10 +27,10 @@ public:
     Property& operator=(const Property& other) { return *this = other.value_; }
     ~Property() = default;
 
-    Property& operator=(const T& value) {
+    Property& operator=(T value) {
         if (value == value_) return *this;
         owner_.touched();
-        value_ = value;
+        value_ = std::move(value);
         owner_.touched();
         return *this;
     }

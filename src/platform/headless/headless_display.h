@@ -2,7 +2,6 @@
 
 #include <functional>
 #include <map>
-#include <queue>
 #include <vector>
 
 #include "platform/forms/desktop.h"

@@ -52,9 +52,10 @@ void ListField::refresh() {
         entries_ = list_->entries();
         model_.setStringList(to_qt(entries_));
     }
-    if (!list_->selected()) {
+    const auto selected = list_->selected();
+    if (!selected) {
         clearSelection();
-    } else if (const int row = static_cast<int>(*list_->selected()); selected_row().row() != row) {
+    } else if (const int row = static_cast<int>(*selected); selected_row().row() != row) {
         setCurrentIndex(model_.index(row));
     }
 }

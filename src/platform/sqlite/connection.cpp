@@ -27,14 +27,14 @@ void fold_value(sqlite3_context* context, int /*count*/, sqlite3_value** values)
 
 }  // namespace
 
-Connection::Connection(const std::filesystem::path& file, Mode mode, std::chrono::milliseconds patience) {
+Connection::Connection(const std::filesystem::path& file, Mode mode, std::chrono::milliseconds busy_timeout) {
     const std::u8string path = file.u8string();
     const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_EXRESCODE | (mode == Mode::Create ? SQLITE_OPEN_CREATE : 0);
     if (sqlite3_open_v2(reinterpret_cast<const char*>(path.c_str()), &handle_, flags, nullptr) != SQLITE_OK) {
         open_failure_ = failure_of(handle_);
         return;
     }
-    sqlite3_busy_timeout(handle_, static_cast<int>(patience.count()));
+    sqlite3_busy_timeout(handle_, static_cast<int>(busy_timeout.count()));
     if (sqlite3_create_function_v2(handle_, kFoldFunction, 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_DIRECTONLY,
                                    nullptr, fold_value, nullptr, nullptr, nullptr) != SQLITE_OK) {
         open_failure_ = failure_of(handle_);

@@ -18,9 +18,9 @@ class Connection {
 public:
     enum class Mode : std::uint8_t { Existing, Create };
 
-    /// `patience`: how long a call waits for another computer to finish writing. Ask `open_failure` before anything
+    /// `busy_timeout`: how long a call waits for another computer to finish writing. Ask `open_failure` before anything
     /// else.
-    Connection(const std::filesystem::path& file, Mode mode, std::chrono::milliseconds patience);
+    Connection(const std::filesystem::path& file, Mode mode, std::chrono::milliseconds busy_timeout);
     ~Connection();
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;

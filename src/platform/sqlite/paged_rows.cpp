@@ -1,4 +1,4 @@
-#include "platform/sqlite/fitting_rows.h"
+#include "platform/sqlite/paged_rows.h"
 
 #include <algorithm>
 
@@ -8,7 +8,7 @@ namespace marrowfen {
 
 namespace {
 
-constexpr std::int64_t kFirstPortion = 16;  // more than a list of best results or a rhyme group needs
+constexpr std::int64_t kFirstPage = 16;  // more than a list of best results or a rhyme group needs
 
 void bind_values(Statement& statement, const Wanted& wanted) {
     if (!wanted) return;
@@ -17,7 +17,7 @@ void bind_values(Statement& statement, const Wanted& wanted) {
 
 }  // namespace
 
-FittingRows::FittingRows(std::shared_ptr<Connection> connection, const Source& source, Wanted wanted)
+PagedRows::PagedRows(std::shared_ptr<Connection> connection, const Source& source, Wanted wanted)
     : connection_(std::move(connection)), source_(&source), wanted_(std::move(wanted)), complete_(!wanted_) {
     if (source.fields.empty()) {
         failure_ = {"there is no table or list of that name in it"};
@@ -26,20 +26,20 @@ FittingRows::FittingRows(std::shared_ptr<Connection> connection, const Source& s
     read_up_to(0);
 }
 
-void FittingRows::read_up_to(std::int64_t number) {
-    while (!complete_ && number >= count_in_memory()) read_portion();
+void PagedRows::read_up_to(std::int64_t number) {
+    while (!complete_ && number >= count_in_memory()) read_page();
 }
 
-const Row* FittingRows::find(std::int64_t number) const {
+const Row* PagedRows::find(std::int64_t number) const {
     return number < 0 || number >= count_in_memory() ? nullptr : &rows_[static_cast<std::size_t>(number)];
 }
 
-void FittingRows::read_portion() {
+void PagedRows::read_page() {
     const std::int64_t before = count_in_memory();
-    const std::int64_t portion = std::max(kFirstPortion, before);
+    const std::int64_t page = std::max(kFirstPage, before);
     Statement statement(*connection_, select_text(*source_, wanted_));
     bind_values(statement, wanted_);
-    statement.bind(portion);
+    statement.bind(page);
     statement.bind(before);
     auto step = statement.step();
     for (; step == Statement::Step::Row; step = statement.step()) {
@@ -50,13 +50,13 @@ void FittingRows::read_portion() {
         }
         rows_.push_back(std::move(row));
     }
-    complete_ = count_in_memory() < before + portion;
+    complete_ = count_in_memory() < before + page;
     if (step != Statement::Step::Failed) return;
     failure_ = statement.failure();
     complete_ = true;
 }
 
-std::int64_t FittingRows::count_of_others_up_to(std::int64_t number, const Wanted& other) {
+std::int64_t PagedRows::count_of_others_up_to(std::int64_t number, const Wanted& other) {
     if (number < 0 || failure_) return 0;
     Statement statement(*connection_, comparison_text(*source_, wanted_, other));
     bind_values(statement, wanted_);

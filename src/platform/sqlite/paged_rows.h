@@ -15,12 +15,12 @@ struct Row {
     std::vector<Value> values;
 };
 
-/// The rows of a source that fit a criterion, numbered from 0 in the source's order. They come into memory in portions
-/// that double, and what has come stays. The next portion goes on by number, so that nothing is locked between two:
+/// The rows of a source that fit a criterion, numbered from 0 in the source's order. They come into memory in pages
+/// that double, and what has come stays. The next page goes on by number, so that nothing is locked between two:
 /// when another computer adds or removes an earlier row just then, a row can be missed or come twice.
-class FittingRows {
+class PagedRows {
 public:
-    FittingRows(std::shared_ptr<Connection> connection, const Source& source, Wanted wanted);
+    PagedRows(std::shared_ptr<Connection> connection, const Source& source, Wanted wanted);
 
     [[nodiscard]] const Wanted& wanted() const { return wanted_; }
     [[nodiscard]] const std::optional<StoreFailure>& failure() const { return failure_; }
@@ -34,7 +34,7 @@ public:
     [[nodiscard]] std::int64_t count_of_others_up_to(std::int64_t number, const Wanted& other);
 
 private:
-    void read_portion();
+    void read_page();
 
     std::shared_ptr<Connection> connection_;
     const Source* source_;

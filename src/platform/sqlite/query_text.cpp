@@ -17,7 +17,7 @@ std::string compared(const Field& field, SourceKind kind) {
     }
 }
 
-/// The first parameter that no one else uses is `?`, so the order of the text is the order of the values.
+/// Nameless parameters are numbered in the order of the text, so that is the order in which values are bound.
 std::string fits(const Source& source, const Wanted& wanted) {
     if (!wanted) return "0";
     std::string text;

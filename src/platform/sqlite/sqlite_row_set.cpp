@@ -17,7 +17,7 @@ SqliteRowSet::SqliteRowSet(std::shared_ptr<Connection> connection, const Source&
     : connection_(std::move(connection)), source_(source), rows_(connection_, source, kWhole) {}
 
 void SqliteRowSet::stand_on(Wanted wanted, std::int64_t number) {
-    rows_ = FittingRows(connection_, source_, std::move(wanted));
+    rows_ = PagedRows(connection_, source_, std::move(wanted));
     rows_.read_up_to(number);
     number_ = number;
 }
@@ -26,7 +26,7 @@ bool SqliteRowSet::at_end() const { return rows_.find(std::max<std::int64_t>(num
 
 std::int64_t SqliteRowSet::row_count() const {
     if (rows_.count_in_memory() > 0 || rows_.wanted() == kWhole) return rows_.count_in_memory();
-    return FittingRows(connection_, source_, kWhole).count_in_memory();
+    return PagedRows(connection_, source_, kWhole).count_in_memory();
 }
 
 void SqliteRowSet::move_first() {

@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-#include "platform/sqlite/fitting_rows.h"
 #include "platform/sqlite/new_row.h"
+#include "platform/sqlite/paged_rows.h"
 #include "platform/store.h"
 
 namespace marrowfen {
@@ -39,7 +39,7 @@ private:
 
     std::shared_ptr<Connection> connection_;
     const Source& source_;
-    FittingRows rows_;
+    PagedRows rows_;
     std::int64_t number_ = 0;  // in rows_; -1: before the first row
     bool no_match_ = false;
     std::optional<NewRow> new_row_;

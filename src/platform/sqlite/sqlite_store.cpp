@@ -24,14 +24,14 @@ private:
 
 }  // namespace
 
-SqliteStoreEngine::SqliteStoreEngine(const Files& files, std::chrono::milliseconds patience)
-    : files_(files), patience_(patience) {}
+SqliteStoreEngine::SqliteStoreEngine(const Files& files, std::chrono::milliseconds busy_timeout)
+    : files_(files), busy_timeout_(busy_timeout) {}
 
 OpenedStore SqliteStoreEngine::open(std::string_view path) {
     const auto file = files_.find(path);
     if (!file) return {nullptr, {"there is no such file"}};
     if (auto failure = check_place(*file)) return {nullptr, *failure};
-    auto connection = std::make_shared<Connection>(*file, Connection::Mode::Existing, patience_);
+    auto connection = std::make_shared<Connection>(*file, Connection::Mode::Existing, busy_timeout_);
     auto failure = connection->open_failure();
     if (!failure && connection->read_only()) failure = {"the file is read-only"};
     if (!failure) failure = check_identity(*connection);

@@ -12,16 +12,16 @@ class SqliteStoreEngine final : public StoreEngine {
 public:
     /// A write elsewhere is over in a fraction of a second, and much longer than this would look like a program that
     /// has stopped.
-    static constexpr std::chrono::seconds kPatience{5};
+    static constexpr std::chrono::seconds kBusyTimeout{5};
 
-    /// `patience`: how long one operation waits for another computer that is writing.
-    explicit SqliteStoreEngine(const Files& files, std::chrono::milliseconds patience = kPatience);
+    /// `busy_timeout`: how long one operation waits for another computer that is writing.
+    explicit SqliteStoreEngine(const Files& files, std::chrono::milliseconds busy_timeout = kBusyTimeout);
 
     [[nodiscard]] OpenedStore open(std::string_view path) override;
 
 private:
     const Files& files_;
-    std::chrono::milliseconds patience_;
+    std::chrono::milliseconds busy_timeout_;
 };
 
 }  // namespace marrowfen

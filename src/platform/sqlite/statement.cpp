@@ -84,13 +84,6 @@ void Statement::bind(const Value& value) {
     }
 }
 
-void Statement::start_again() {
-    if (failed_) return;
-    note(sqlite3_reset(handle_));
-    note(sqlite3_clear_bindings(handle_));
-    bound_ = 0;
-}
-
 Statement::Step Statement::step() {
     if (failed_) return Step::Failed;
     const int result = sqlite3_step(handle_);
@@ -124,12 +117,6 @@ Value Statement::value(int column, FieldType type) const {
         default:
             return text(column);
     }
-}
-
-std::optional<std::int64_t> number_from(Connection& connection, const std::string& sql) {
-    Statement statement(connection, sql);
-    if (statement.step() != Statement::Step::Row) return std::nullopt;
-    return statement.whole(0);
 }
 
 }  // namespace marrowfen

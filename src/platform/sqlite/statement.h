@@ -22,7 +22,6 @@ public:
     Statement& operator=(const Statement&) = delete;
 
     void bind(const Value& value);  ///< of the next parameter; a date or time is stored in its ISO form
-    void start_again();             ///< for another set of values
     [[nodiscard]] Step step();      ///< a statement that could not be prepared or bound fails here
     [[nodiscard]] StoreFailure failure() const { return failure_; }
 
@@ -40,8 +39,5 @@ private:
     bool failed_ = false;
     StoreFailure failure_;
 };
-
-/// The one number that a query yields; nullopt: there is no row, or it can't be read.
-[[nodiscard]] std::optional<std::int64_t> number_from(Connection& connection, const std::string& sql);
 
 }  // namespace marrowfen
