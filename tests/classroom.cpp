@@ -25,44 +25,48 @@ const std::filesystem::path& built_store() {
     return path;
 }
 
-// Passes everything on, but for writes that are refused.
+// Passes everything on, but for what is refused.
 class StubbornRows final : public RowSet {
 public:
-    StubbornRows(std::unique_ptr<RowSet> rows, const bool& refuses) : rows_(std::move(rows)), refuses_(refuses) {}
-    [[nodiscard]] std::optional<StoreFailure> failure() const override { return rows_->failure(); }
-    [[nodiscard]] bool at_end() const override { return rows_->at_end(); }
+    StubbornRows(std::unique_ptr<RowSet> rows, const StubbornEngine& engine)
+        : rows_(std::move(rows)), engine_(engine) {}
+    [[nodiscard]] std::optional<StoreFailure> failure() const override {
+        return engine_.refuses_reads ? StoreFailure{"the drive does not answer"} : rows_->failure();
+    }
+    [[nodiscard]] bool at_end() const override { return engine_.refuses_reads || rows_->at_end(); }
     [[nodiscard]] std::int64_t row_count() const override { return rows_->row_count(); }
     void move_first() override { rows_->move_first(); }
     void move_next() override { rows_->move_next(); }
     void move_forward(std::int64_t rows) override { rows_->move_forward(rows); }
     void find_first(std::string_view criterion) override { rows_->find_first(criterion); }
     void find_next(std::string_view criterion) override { rows_->find_next(criterion); }
-    [[nodiscard]] bool no_match() const override { return rows_->no_match(); }
+    [[nodiscard]] bool no_match() const override { return engine_.refuses_reads || rows_->no_match(); }
     [[nodiscard]] Value field(std::string_view name) const override { return rows_->field(name); }
     void add_row() override { rows_->add_row(); }
     void set_field(std::string_view name, Value value) override { rows_->set_field(name, std::move(value)); }
     [[nodiscard]] std::optional<StoreFailure> update() override {
-        return refuses_ ? StoreFailure{"the disk is full"} : rows_->update();
+        return engine_.refuses_writes ? StoreFailure{"the disk is full"} : rows_->update();
     }
     [[nodiscard]] std::optional<StoreFailure> delete_row() override {
-        return refuses_ ? StoreFailure{"the disk is full"} : rows_->delete_row();
+        return engine_.refuses_writes ? StoreFailure{"the disk is full"} : rows_->delete_row();
     }
 
 private:
     std::unique_ptr<RowSet> rows_;
-    const bool& refuses_;
+    const StubbornEngine& engine_;
 };
 
 class StubbornStore final : public Store {
 public:
-    StubbornStore(std::unique_ptr<Store> store, const bool& refuses) : store_(std::move(store)), refuses_(refuses) {}
+    StubbornStore(std::unique_ptr<Store> store, const StubbornEngine& engine)
+        : store_(std::move(store)), engine_(engine) {}
     [[nodiscard]] std::unique_ptr<RowSet> open(std::string_view source) override {
-        return std::make_unique<StubbornRows>(store_->open(source), refuses_);
+        return std::make_unique<StubbornRows>(store_->open(source), engine_);
     }
 
 private:
     std::unique_ptr<Store> store_;
-    const bool& refuses_;
+    const StubbornEngine& engine_;
 };
 
 // A letter may take several bytes.
@@ -108,7 +112,7 @@ OpenedStore StubbornEngine::open(std::string_view path) {
     ++opened;
     OpenedStore opened_store = engine_.open(path);
     if (opened_store.store == nullptr) return opened_store;
-    return {std::make_unique<StubbornStore>(std::move(opened_store.store), refuses_writes), {}};
+    return {std::make_unique<StubbornStore>(std::move(opened_store.store), *this), {}};
 }
 
 std::ostream& operator<<(std::ostream& out, const Result& result) {

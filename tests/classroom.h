@@ -29,11 +29,12 @@ private:
     std::filesystem::path path_;
 };
 
-/// A store that behaves until it is told to fail: then no row can be added or deleted any more.
+/// A store that behaves until it is told to fail: then no row can be added or deleted, or read, any more.
 class StubbornEngine final : public StoreEngine {
 public:
     explicit StubbornEngine(StoreEngine& engine) : engine_(engine) {}
     bool refuses_writes = false;
+    bool refuses_reads = false;
     std::size_t opened = 0;
     [[nodiscard]] OpenedStore open(std::string_view path) override;
 

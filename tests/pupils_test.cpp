@@ -125,7 +125,7 @@ TEST(NewPupil, IsToldWhenTheNameCantBeKeptAndTriesAgain) {
     EXPECT_NE(room.state().PupilID, ann);
 }
 
-TEST(PupilList, TellsWhoClicksANameThatIsGoneAndGoesOnToTheGames) {
+TEST(PupilList, TellsWhoClicksANameThatIsGoneOrCantBeRead) {
     Classroom room({"Ann", "Ben"});
     Pupil ben(room);
     room.start();
@@ -140,7 +140,17 @@ TEST(PupilList, TellsWhoClicksANameThatIsGoneAndGoesOnToTheGames) {
     ben.presses(&frmErrmsg::ContinueDe);
     EXPECT_EQ(room.open_forms(), (std::vector{FormId::frmBackGround, FormId::frmGames}));
 
-    room.state().PupilID = 1;
+    ben.presses(&frmGames::BackDe);
+    ben.sits_down("Ann");
+    ben.presses(&frmGames::BackDe);
+    room.engine.refuses_reads = true;
+    ben.sits_down("Ann");
+    EXPECT_NE(room.message().find("the drive does not answer"), std::string::npos) << room.message();
+    EXPECT_EQ(room.state().PupilID, 1);
+    ben.presses(&frmErrmsg::ContinueDe);
+    EXPECT_EQ(room.open_forms(), (std::vector{FormId::frmBackGround, FormId::frmSelectGame}));
+    room.engine.refuses_reads = false;
+
     auto& list = room.form<frmSelectGame>();
     list.cmbPupils.Text = "";
     list.RunGame();
