@@ -59,7 +59,7 @@ void frmTimer::draw_sector() {
 void frmTimer::tick() {
     State& state = program_.state;
     if (state.GameWon) return;
-    const auto advance = [this] { HandAngle = static_cast<float>(double{HandAngle} + HandStep); };
+    const auto advance = [this] { HandAngle = static_cast<float>(static_cast<double>(HandAngle) + HandStep); };
     ++state.TimeElapsed;
     const bool up = state.TimeElapsed == state.TimeLimit;
     advance();

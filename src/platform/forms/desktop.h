@@ -82,8 +82,8 @@ private:
     void raise(Form& form);
     void give_focus(Control* control);
     [[nodiscard]] PictureBox* drop_target(Point pointer) const;
-    void drag_to(Point pointer);
-    void drop(Point pointer);
+    void dragged_to(Point pointer);
+    void drop(PictureBox& source, Point pointer);
     void end_drag();
     [[nodiscard]] bool is_live(const Control* control) const;
 

@@ -39,7 +39,8 @@ void Desktop::mouse_pressed(Point pointer) {
 void Desktop::mouse_moved(Point pointer) {
     const HandlerScope handler_scope(*this);
     if (drag_) {
-        drag_to(pointer);
+        drag_->pointer = pointer;
+        dragged_to(pointer);
         return;
     }
     Form* form = form_at(pointer);
@@ -50,7 +51,7 @@ void Desktop::mouse_moved(Point pointer) {
 void Desktop::mouse_released(Point pointer) {
     const HandlerScope handler_scope(*this);
     if (drag_) {
-        drop(pointer);
+        drop(*drag_->source, pointer);
         return;
     }
     Control* control = std::exchange(captured_, nullptr);
@@ -67,8 +68,7 @@ PictureBox* Desktop::drop_target(Point pointer) const {
     return target != nullptr && target->on_drag_drop ? target : nullptr;
 }
 
-void Desktop::drag_to(Point pointer) {
-    drag_->pointer = pointer;
+void Desktop::dragged_to(Point pointer) {
     rearranged();
     PictureBox* target = drop_target(pointer);
     if (target == under_drag_) {
@@ -80,12 +80,11 @@ void Desktop::drag_to(Point pointer) {
     if (target != nullptr && under_drag_ == target && target->on_drag_over) target->on_drag_over(DragState::Enter);
 }
 
-void Desktop::drop(Point pointer) {
-    PictureBox* source = drag_->source;
+void Desktop::drop(PictureBox& source, Point pointer) {
     PictureBox* target = drop_target(pointer);
     end_drag();
     // A tile that has left the board during the drag has nothing to give any more.
-    if (target != nullptr && source->Visible && source->Enabled) target->on_drag_drop(*source);
+    if (target != nullptr && source.Visible && source.Enabled) target->on_drag_drop(source);
 }
 
 void Desktop::end_drag() {
