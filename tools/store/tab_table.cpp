@@ -73,7 +73,8 @@ void TabTable::read(std::istream& input, Faults& faults) {
             add_row(number, cells, *where, faults);
         } else {
             head_line_ = number;
-            if (!(where = places(cells, faults))) return;
+            where = places(cells, faults);
+            if (!where) return;
             has_its_columns_ = true;
         }
     }
