@@ -78,6 +78,19 @@ TEST_F(QtAdapterTest, MouseAndKeysReachTheForms) {
     EXPECT_EQ(window().cursor().shape(), Qt::ArrowCursor);
 }
 
+TEST_F(QtAdapterTest, ADoubleClickIsNoClickOnWhatTheFirstPressOpened) {
+    auto& below = shows<Holding<Image>>(Size{1500, 1500}, Picture{});
+    auto& above = shows<Holding<Image>>(Size{1500, 1500}, Picture{});
+    screen_is(1024, 768);
+    below.control.on_click = [&] { below.told.emplace_back("click"); };
+    above.control.on_click = [&] { desktop_.hide(above); };
+    double_click(at(above, 150, 150));
+    EXPECT_FALSE(above.visible());
+    EXPECT_EQ(below.told, Told{});
+    click(below, 150, 150);
+    EXPECT_EQ(below.told, Told{"click"}) << "after a pause it counts";
+}
+
 /// Takes the front back from whoever takes it.
 struct Message : Toy {
     explicit Message(Desktop& the_desktop)

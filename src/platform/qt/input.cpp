@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QStyleHints>
 #include <QWindow>
 #include <utility>
 
@@ -104,10 +105,26 @@ bool Input::pressed(const QMouseEvent& event) {
     if (held_ != Qt::NoButton) let_go(event);
 
     held_ = event.button();
+    if (is_meant_for_what_has_gone(event)) return is_ours_ = true;
     const Taker taker = taker_of_press(event.position().toPoint());
     is_ours_ = taker != Taker::Field;
     if (taker == Taker::Forms) desktop_.mouse_pressed(stage_.scale().twips(event.position()));
     return is_ours_;
+}
+
+// A child double clicks buttons, too. The second press must not act on what the first one has opened: under Another
+// game lies the Exit of the list of games.
+bool Input::is_meant_for_what_has_gone(const QMouseEvent& event) {
+    const QStyleHints& hints = *QGuiApplication::styleHints();
+    Press now{event.button(), event.position().toPoint(), event.timestamp(),
+              desktop_.form_at(stage_.scale().twips(event.position()))};
+    const bool repeats = now.button == last_.button &&
+                         now.time - last_.time < static_cast<quint64>(hints.mouseDoubleClickInterval()) &&
+                         (now.place - last_.place).manhattanLength() <= hints.mouseDoubleClickDistance();
+    const bool is_elsewhere = repeats && now.form != last_.form;
+    if (is_elsewhere) now.form = last_.form;  // nor may the third
+    last_ = now;
+    return is_elsewhere;
 }
 
 Input::Taker Input::taker_of_press(QPoint position) {
