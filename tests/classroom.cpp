@@ -36,7 +36,6 @@ public:
     [[nodiscard]] bool at_end() const override { return engine_.refuses_reads || rows_->at_end(); }
     [[nodiscard]] std::int64_t row_count() const override { return rows_->row_count(); }
     void move_first() override { rows_->move_first(); }
-    void move_next() override { rows_->move_next(); }
     void move_forward(std::int64_t rows) override { rows_->move_forward(rows); }
     void find_first(std::string_view criterion) override { rows_->find_first(criterion); }
     void find_next(std::string_view criterion) override { rows_->find_next(criterion); }

@@ -38,7 +38,7 @@ public:
     [[nodiscard]] virtual bool at_end() const = 0;
     [[nodiscard]] virtual std::int64_t row_count() const = 0;  ///< 0 when there are none, otherwise not 0
     virtual void move_first() = 0;
-    virtual void move_next() = 0;
+    void move_next() { move_forward(1); }
     virtual void move_forward(std::int64_t rows) = 0;
     virtual void find_first(std::string_view criterion) = 0;
     virtual void find_next(std::string_view criterion) = 0;

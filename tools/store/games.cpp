@@ -5,6 +5,7 @@
 
 #include "board/key_table.h"
 #include "content.h"
+#include "platform/letter_case.h"
 #include "platform/sqlite/folding.h"
 #include "platform/sqlite/schema.h"
 #include "tab_table.h"

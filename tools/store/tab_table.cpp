@@ -4,6 +4,7 @@
 #include <charconv>
 #include <fstream>
 
+#include "platform/letter_case.h"
 #include "platform/sqlite/folding.h"
 #include "platform/sqlite/schema.h"
 

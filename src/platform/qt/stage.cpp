@@ -126,7 +126,6 @@ void Stage::closed(const Form& form) {
         std::erase(views_, view);
         view->dismiss();
     }
-    std::erase_if(timers_, [&](const auto& entry) { return &entry.first->form() == &form; });
 }
 
 void Stage::repaint_now(const Form& form) {

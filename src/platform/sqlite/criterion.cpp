@@ -2,6 +2,7 @@
 
 #include <charconv>
 
+#include "platform/letter_case.h"
 #include "platform/sqlite/folding.h"
 
 namespace marrowfen {

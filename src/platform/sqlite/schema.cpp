@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/letter_case.h"
+
 namespace marrowfen {
 
 namespace {
@@ -101,8 +103,6 @@ Source best_times() {
                 std::string(kBestFirst) + ", rowid"};
 }
 
-char small(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
-
 std::string declared(FieldType type) {
     switch (type) {
         case Whole:
@@ -145,8 +145,6 @@ const std::vector<Source>& sources() {
     };
     return kSources;
 }
-
-bool same_name(std::string_view a, std::string_view b) { return std::ranges::equal(a, b, {}, small, small); }
 
 const Source* find_source(std::string_view name) {
     const auto& all = sources();

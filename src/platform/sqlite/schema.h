@@ -56,7 +56,6 @@ struct Source {
 /// Names of sources and fields are compared without regard to case. nullptr: there is none of that name.
 [[nodiscard]] const Source* find_source(std::string_view name);
 [[nodiscard]] const Field* find_field(const Source& source, std::string_view name);
-[[nodiscard]] bool same_name(std::string_view a, std::string_view b);
 
 [[nodiscard]] std::string in_brackets(std::string_view name);              ///< a name as SQL takes it, keywords too
 [[nodiscard]] std::string companion_of(const Field& searched_text);        ///< the name of its column of folded text

@@ -21,7 +21,6 @@ public:
     [[nodiscard]] bool at_end() const override;
     [[nodiscard]] std::int64_t row_count() const override;
     void move_first() override;
-    void move_next() override { move_forward(1); }
     void move_forward(std::int64_t rows) override;
     void find_first(std::string_view criterion) override;
     void find_next(std::string_view criterion) override;

@@ -4,21 +4,18 @@
 #include <ranges>
 #include <system_error>
 
+#include "platform/letter_case.h"
+
 namespace marrowfen {
 
 namespace {
-
-bool same_but_for_case(std::string_view a, std::string_view b) {
-    constexpr auto small = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
-    return std::ranges::equal(a, b, {}, small, small);
-}
 
 std::optional<std::filesystem::path> find_in(const std::filesystem::path& folder, std::string_view name) {
     std::error_code error;
     if (auto exact = folder / name; std::filesystem::exists(exact, error)) return exact;
     for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
          entry.increment(error)) {
-        if (same_but_for_case(entry->path().filename().string(), name)) return entry->path();
+        if (same_name(entry->path().filename().string(), name)) return entry->path();
     }
     return std::nullopt;
 }
