@@ -13,10 +13,12 @@ namespace marrowfen {
 namespace {
 
 QIcon program_icon() {
-    QSvgRenderer drawing(QStringLiteral(":/artwork/icon.svg"));
     QIcon icon;
-    if (!drawing.isValid()) return icon;
     for (const int size : {16, 32, 48, 256}) {
+        // Its M would be an H at the smallest size, which has a drawing of its own.
+        QSvgRenderer drawing(size == 16 ? QStringLiteral(":/artwork/icon-small.svg")
+                                        : QStringLiteral(":/artwork/icon.svg"));
+        if (!drawing.isValid()) continue;
         QPixmap pixmap(size, size);
         pixmap.fill(Qt::transparent);
         QPainter painter(&pixmap);
