@@ -120,7 +120,7 @@ void FormPainter::paint_text_box(QPainter& painter, const TextBox& box, const QR
     painter.setPen(to_qt(box.ForeColor));
     // A little too long is better read a little smaller; far too long is shortened.
     draw_line(painter, bounds.adjusted(margin, 0, -margin, 0), Qt::AlignLeft, QString::fromStdString(box.Text), font,
-              std::max(smallest_text(), font.pixelSize() * 9 / 10));
+              std::max(smallest_text(), font.pixelSize() * 3 / 4));
 }
 
 void FormPainter::paint_shape(QPainter& painter, const Shape& shape, const QRect& bounds) const {
