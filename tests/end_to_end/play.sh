@@ -15,6 +15,7 @@ fail() { echo "FAILED: $*" >&2; exit 1; }
 cp -r "$program" "$here/program"
 sqlite3 "$here/program/data.mdb" "DELETE FROM Pupils; DELETE FROM Hall_of_Fame"
 kept() { sqlite3 "$here/program/data.mdb" "$1"; }
+[ "$scene" != no_store ] || rm "$here/program/data.mdb"
 
 mkfifo "$here/display"
 Xvfb -displayfd 7 -screen 0 1024x768x24 -nolisten tcp -noreset 7>"$here/display" 2>/dev/null &
@@ -127,6 +128,12 @@ case $scene in
         expect_result "Points BETWEEN 1 AND 30, TimeTaken = printf('0:%02d', Points)" \
             "$(kept "SELECT Pupil_ID FROM Pupils")|27|0|1|1"
         leave_from_hall_of_fame
+        ;;
+    no_store)
+        xdotool mousemove 512 384 key Return
+        until_true 5 gone || fail "the window with the reason did not go"
+        ! wait "$marrowfen" || fail "the program ended as if all were well"
+        [ ! -e "$here/program/data.mdb" ] || fail "a store without games was made"
         ;;
     *) fail "there is no scene $scene" ;;
 esac
