@@ -1,0 +1,202 @@
+// Hammers on everything, as a child does who has found out that it makes noise. What must hold, holds after each blow;
+// the sanitizers watch what each touches.
+
+#include <random>
+
+#include "board/frmSimpleKeyBoard.h"
+#include "classroom.h"
+#include "core/artwork.h"
+
+namespace marrowfen {
+namespace {
+
+class Monkey {
+public:
+    Monkey(Classroom& room, unsigned seed) : room_(room), chance_(seed) {}
+
+    void hammers() {
+        if (draw(100) == 0) return meddles();
+        if (draw(10) == 0) room_.display.during_yield([this] { hammers_inside(); }, static_cast<std::size_t>(draw(3)));
+        hammers_once();
+    }
+
+private:
+    int draw(int n) { return static_cast<int>(chance_() % static_cast<unsigned>(n)); }
+    template <class Things>
+    auto& one_of(Things& things) {
+        return things[static_cast<std::size_t>(draw(static_cast<int>(things.size())))];
+    }
+
+    /// Where a handler waits for a cue, it must bear that its game goes.
+    void hammers_inside() {
+        for (int i = draw(3); i > 0; --i) hammers_once();
+        auto* board = room_.program.forms.find<frmSimpleKeyBoard>();
+        if (board == nullptr || draw(40) > 0) return;
+        const Point close = board->close_De.bounds().centre();
+        room_.desktop.mouse_pressed({board->Left + close.x, board->Top + close.y});
+        room_.desktop.mouse_released({board->Left + close.x, board->Top + close.y});
+    }
+
+    void hammers_once() {
+        if (room_.display.ended()) return;
+        switch (draw(10)) {
+            case 0:
+                return room_.seconds_pass(draw(3));
+            case 1:
+                return drags(somewhere(), somewhere());
+            case 2:
+            case 3:
+                return types();
+            case 4:
+            case 5:
+            case 6:
+                return puts_a_tile_where_it_belongs();
+            default:
+                return clicks(somewhere());
+        }
+    }
+
+    void meddles() {
+        if (room_.display.ended()) return;
+        switch (draw(6)) {
+            case 0:
+                room_.engine.refuses_writes = !room_.engine.refuses_writes;
+                break;
+            case 1:
+                room_.engine.refuses_reads = !room_.engine.refuses_reads;
+                break;
+            case 2:
+                room_.display.resize({15360 + 500 * draw(12), 11520});
+                break;
+            case 3:
+                (void)room_.desktop.key_down({.key = Key::D, .alt = true});
+                break;
+            case 4:
+                (void)room_.desktop.key_down({.key = Key::Enter});
+                break;
+            default:
+                room_.seconds_pass(70);
+        }
+    }
+
+    /// The middle of something that is on the screen, mostly.
+    Point somewhere() {
+        const auto forms = room_.desktop.visible_forms();
+        if (forms.empty() || draw(12) == 0) return {15 * draw(1100), 15 * draw(800)};
+        const Form& form = draw(3) > 0 ? *forms.back() : *one_of(forms);
+        if (form.controls().empty()) return {form.Left + 10, form.Top + 10};
+        const Point middle = one_of(form.controls())->bounds().centre();
+        return {form.Left + middle.x, form.Top + middle.y};
+    }
+
+    void clicks(Point place) {
+        Form* form = room_.desktop.form_at(place);
+        Control* control = form == nullptr ? nullptr : form->control_at({place.x - form->Left, place.y - form->Top});
+        if (auto* list = dynamic_cast<ListBox*>(control)) {
+            takes_from(*list);
+        } else if (auto* combo = dynamic_cast<ComboBox*>(control)) {
+            if (is_reached(*combo) && !combo->entries().empty()) {
+                room_.desktop.chosen(*combo, static_cast<std::size_t>(draw(static_cast<int>(combo->entries().size()))));
+            }
+        } else if (auto* box = dynamic_cast<TextBox*>(control);
+                   box != nullptr && box->mode == TextBox::Mode::Editable) {
+            if (is_reached(*box)) room_.desktop.text_edited(*box, std::string(static_cast<std::size_t>(draw(4)), 'x'));
+        } else {
+            presses(place);
+            room_.desktop.mouse_released(draw(5) == 0 ? somewhere() : place);
+        }
+    }
+
+    void presses(Point place) {
+        Form* form = room_.desktop.form_at(place);
+        const auto* image =
+            form == nullptr ? nullptr
+                            : dynamic_cast<const Image*>(form->control_at({place.x - form->Left, place.y - form->Top}));
+        if (image != nullptr && image->Picture == art::kExit && draw(200) > 0) return;  // it would be over too soon
+        if (image != nullptr && image->Picture == art::kClose && draw(10) > 0) return;
+        room_.desktop.mouse_pressed(place);
+    }
+
+    void takes_from(ListBox& list) {
+        if (!is_reached(list) || list.entries().empty()) return;
+        room_.desktop.selected(list, static_cast<std::size_t>(draw(static_cast<int>(list.entries().size()))));
+        if (draw(2) == 0) room_.desktop.double_clicked(list);
+    }
+
+    /// As the real screen does it: a press on a field first makes its form the active one, which may go over that.
+    bool is_reached(Control& field) {
+        const Form* form = &field.form();
+        room_.desktop.clicked_into(field);
+        return room_.desktop.active() == form;
+    }
+
+    void types() {
+        constexpr std::string_view kKeys = "abcdefghijklmnopqrstuvwxyzAEIOU0123456789 .'\r\b";
+        if (room_.desktop.key_down({})) return;
+        auto* board = room_.program.forms.find<frmSimpleKeyBoard>();
+        const bool knows = board != nullptr && draw(2) == 0;
+        const char key = knows ? board->DragKey[0].Tag->front() : one_of(kKeys);
+        (void)room_.desktop.key_pressed(static_cast<char32_t>(key));
+        if (draw(3) > 0) room_.desktop.key_released({});
+    }
+
+    void drags(Point from, Point to) {
+        presses(from);
+        room_.desktop.mouse_moved(somewhere());
+        room_.desktop.mouse_moved(to);
+        room_.desktop.mouse_released(to);
+    }
+
+    void puts_a_tile_where_it_belongs() {
+        auto* board = room_.program.forms.find<frmSimpleKeyBoard>();
+        if (board == nullptr) return;
+        const PictureBox& tile = board->DragKey[draw(kTileCount)];
+        for (const PictureBox& key : board->Keys) {
+            if (key.Tag != tile.Tag) continue;
+            const Point from = tile.bounds().centre();
+            const Point to = key.bounds().centre();
+            return drags({board->Left + from.x, board->Top + from.y}, {board->Left + to.x, board->Top + to.y});
+        }
+    }
+
+    Classroom& room_;
+    std::minstd_rand chance_;
+};
+
+void expect_order(Classroom& room) {
+    const auto forms = room.desktop.visible_forms();
+    if (room.display.ended()) {
+        EXPECT_TRUE(forms.empty());
+        return;
+    }
+    ASSERT_FALSE(forms.empty());
+    EXPECT_EQ(forms.front(), room.program.forms.find(FormId::frmBackGround));
+    const Form* active = room.desktop.active();
+    EXPECT_TRUE(active == nullptr || std::ranges::find(forms, active) != forms.end());
+    const bool plays = room.program.forms.find(FormId::frmSimpleKeyBoard) != nullptr;
+    EXPECT_TRUE(plays || room.program.forms.find(FormId::frmTimer) == nullptr) << "a clock without a game";
+    const State& state = room.state();
+    EXPECT_TRUE(0 <= state.KeysDone && state.KeysDone <= state.PanelsDone && state.PanelsDone <= kKeyCount);
+    EXPECT_TRUE(0 <= state.TimeElapsed && state.TimeElapsed <= std::max<State::Whole>(state.TimeLimit, 240));
+}
+
+TEST(Monkey, FindsNoWayToBreakTheProgram) {
+    std::size_t won = 0;
+    for (unsigned seed = 1; seed <= 40; ++seed) {
+        SCOPED_TRACE(seed);
+        Classroom room;
+        Monkey monkey(room, seed);
+        room.start();
+        for (int blow = 0; blow < 2000 && !room.display.ended() && !testing::Test::HasFailure(); ++blow) {
+            monkey.hammers();
+            expect_order(room);
+        }
+        room.engine.refuses_reads = false;
+        won += room.results().size();
+        while (room.display.has_pending_events()) room.desktop.yield();
+    }
+    EXPECT_GT(won, 0U) << "a monkey that never gets anywhere tests nothing";
+}
+
+}  // namespace
+}  // namespace marrowfen
