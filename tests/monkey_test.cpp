@@ -1,6 +1,7 @@
 // Hammers on everything, as a child does who has found out that it makes noise. What must hold, holds after each blow;
 // the sanitizers watch what each touches.
 
+#include <algorithm>
 #include <random>
 
 #include "board/frmSimpleKeyBoard.h"
