@@ -98,7 +98,7 @@ TEST_F(StoreTest, WalksAsFarAsThereAreRows) {
     nobody->move_next();
     EXPECT_TRUE(nobody->at_end());
 
-    constexpr int kPupils = 100;  // several portions
+    constexpr int kPupils = 100;  // several pages
     std::vector<std::string> names(kPupils);
     for (int i = 0; std::string & name : names) name = "Pupil " + std::to_string(999 - i++);
     add_at_once(names);
