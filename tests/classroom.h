@@ -129,4 +129,10 @@ private:
     Classroom& room_;
 };
 
+/// A classroom with Ann in it, before the program is started.
+struct Seat {
+    Classroom room;
+    Pupil ann{room};
+};
+
 }  // namespace marrowfen

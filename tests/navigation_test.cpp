@@ -25,11 +25,6 @@ constexpr int kSentences = 25;
 constexpr int kFirstLetters = 26;
 constexpr int kTypingTest = 27;
 
-struct Seat {
-    Classroom room;
-    Pupil ann{room};
-};
-
 // Where pupils are when something happens.
 void first_screen(Seat& seat) { seat.room.start(); }
 void new_pupil(Seat& seat) { first_screen(seat), seat.ann.presses(&frmSelectGame::NewPlay_De); }

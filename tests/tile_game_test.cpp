@@ -16,13 +16,10 @@ using Cues = std::vector<std::string>;
 
 constexpr int kOneTile = 7;
 constexpr int kTenTiles = 2;
-constexpr int kFiveTiles = 18;
 constexpr int kThreeTiles = 20;
 
 /// Ann at the board.
-struct Desk {
-    Classroom room;
-    Pupil ann{room};
+struct Desk : Seat {
     [[nodiscard]] frmSimpleKeyBoard& board() { return room.form<frmSimpleKeyBoard>(); }
     [[nodiscard]] PictureBox& tile(int i) { return board().DragKey[i]; }
     [[nodiscard]] PictureBox& key(std::string_view letter) { return *board().find_key(letter); }
@@ -169,22 +166,6 @@ TEST(TileGame, TypingServesTheFirstTileInEitherCase) {
     desk.ann.types("0");
     EXPECT_EQ(desk.filled(), 2);
     EXPECT_EQ(desk.room.heard_and_forgotten(), (Cues{sound_of("C"), sound_of("0")}));
-}
-
-TEST(TileGame, DraggingAndTypingMixAlsoWhenTheFirstTileHasGone) {
-    Desk desk;
-    desk.ann.begins(kFiveTiles);
-    while (desk.room.state().PanelsDone < 36) {
-        desk.ann.types(desk.letters().substr(0, 1));
-        desk.ann.drags_letter(desk.letters().substr(1, 1));
-    }
-    while (desk.tile(0).Visible) desk.ann.drags_letter(desk.tile(0).Tag.get());
-    const std::string gone = desk.tile(0).Tag;
-    const std::string left = desk.letters();
-    desk.ann.types(gone);
-    EXPECT_EQ(desk.letters(), left) << "the letter of a tile that has gone is a wrong one";
-    desk.ann.types(left);
-    EXPECT_TRUE(desk.room.is_open(FormId::frmScore)) << "who only types can finish, too";
 }
 
 TEST(TileGame, TheLetterAIsNeverAmongTheFirstTiles) {
