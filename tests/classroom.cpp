@@ -85,16 +85,16 @@ char32_t code_of(std::string_view letter) {
     return code;
 }
 
-Point centre_on_screen(const Control& control) {
-    const Rect place = control.bounds();
-    return {control.form().Left + place.centre().x, control.form().Top + place.centre().y};
-}
-
 Point corner_on_screen(const Control& control) {
     return {control.form().Left + control.Left, control.form().Top + control.Top};
 }
 
 }  // namespace
+
+Point centre_on_screen(const Control& control) {
+    const Point centre = control.bounds().centre();
+    return {control.form().Left + centre.x, control.form().Top + centre.y};
+}
 
 TemporaryFolder::TemporaryFolder() {
     std::string name = (std::filesystem::temp_directory_path() / "marrowfen-XXXXXX").string();
@@ -194,6 +194,11 @@ void Pupil::presses_and_lets_go_at(Control& control, Point on_screen) {
     const Point centre = centre_on_screen(control);
     if (!can_reach(control, centre)) return;
     room_.desktop.mouse_pressed(centre);
+    room_.desktop.mouse_released(on_screen);
+}
+
+void Pupil::clicks_at(Point on_screen) {
+    room_.desktop.mouse_pressed(on_screen);
     room_.desktop.mouse_released(on_screen);
 }
 

@@ -91,6 +91,9 @@ public:
     [[nodiscard]] std::vector<std::string> heard_and_forgotten();
 };
 
+/// The middle of a control, where a press hits it if nothing lies above.
+[[nodiscard]] Point centre_on_screen(const Control& control);
+
 /// Does what a pupil can do with a mouse and a keyboard, and fails the test for what no pupil can do: press what is
 /// hidden, disabled or covered by another form.
 class Pupil {
@@ -103,6 +106,7 @@ public:
     }
     void press(Control& control);  ///< down and up in its middle
     void presses_and_lets_go_at(Control& control, Point on_screen);
+    void clicks_at(Point on_screen);  ///< whatever is there, or nothing
     void points_at(Control& control);
     void drags(Control& tile, Control& target);
     void types(std::string_view text);

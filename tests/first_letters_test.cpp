@@ -93,8 +93,7 @@ TEST_F(FirstLettersGame, HearsTheKeyboardButForWhileTheCardWasClickedLast) {
     ann.types(letter);
     EXPECT_EQ(room.heard_and_forgotten(), std::vector<std::string>{});
     const auto& board = room.form<frmSimpleKeyBoard>();
-    room.desktop.mouse_pressed({board.Left + 5, board.Top + 5});
-    room.desktop.mouse_released({board.Left + 5, board.Top + 5});
+    ann.clicks_at({board.Left + 5, board.Top + 5});
     ann.types(letter);
     EXPECT_EQ(room.heard_and_forgotten().size(), 1U);
 }

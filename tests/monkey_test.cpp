@@ -23,19 +23,16 @@ public:
 
 private:
     int draw(int n) { return static_cast<int>(chance_() % static_cast<unsigned>(n)); }
-    template <class Things>
-    auto& one_of(Things& things) {
-        return things[static_cast<std::size_t>(draw(static_cast<int>(things.size())))];
-    }
+    std::size_t index_in(const auto& things) { return static_cast<std::size_t>(draw(static_cast<int>(things.size()))); }
+    auto& one_of(const auto& things) { return things[index_in(things)]; }
 
     /// Where a handler waits for a cue, it must bear that its game goes.
     void hammers_inside() {
         for (int i = draw(3); i > 0; --i) hammers_once();
         auto* board = room_.program.forms.find<frmSimpleKeyBoard>();
         if (board == nullptr || draw(40) > 0) return;
-        const Point close = board->close_De.bounds().centre();
-        room_.desktop.mouse_pressed({board->Left + close.x, board->Top + close.y});
-        room_.desktop.mouse_released({board->Left + close.x, board->Top + close.y});
+        room_.desktop.mouse_pressed(centre_on_screen(board->close_De));
+        room_.desktop.mouse_released(centre_on_screen(board->close_De));
     }
 
     void hammers_once() {
@@ -86,42 +83,37 @@ private:
         if (forms.empty() || draw(12) == 0) return {15 * draw(1100), 15 * draw(800)};
         const Form& form = draw(3) > 0 ? *forms.back() : *one_of(forms);
         if (form.controls().empty()) return {form.Left + 10, form.Top + 10};
-        const Point middle = one_of(form.controls())->bounds().centre();
-        return {form.Left + middle.x, form.Top + middle.y};
+        return centre_on_screen(*one_of(form.controls()));
+    }
+
+    [[nodiscard]] Control* control_at(Point place) const {
+        const Form* form = room_.desktop.form_at(place);
+        return form == nullptr ? nullptr : form->control_at({place.x - form->Left, place.y - form->Top});
     }
 
     void clicks(Point place) {
-        Form* form = room_.desktop.form_at(place);
-        Control* control = form == nullptr ? nullptr : form->control_at({place.x - form->Left, place.y - form->Top});
-        if (auto* list = dynamic_cast<ListBox*>(control)) {
-            takes_from(*list);
-        } else if (auto* combo = dynamic_cast<ComboBox*>(control)) {
-            if (is_reached(*combo) && !combo->entries().empty()) {
-                room_.desktop.chosen(*combo, static_cast<std::size_t>(draw(static_cast<int>(combo->entries().size()))));
-            }
-        } else if (auto* box = dynamic_cast<TextBox*>(control);
-                   box != nullptr && box->mode == TextBox::Mode::Editable) {
-            if (is_reached(*box)) room_.desktop.text_edited(*box, std::string(static_cast<std::size_t>(draw(4)), 'x'));
-        } else {
+        Control* control = control_at(place);
+        auto* list = dynamic_cast<ListBox*>(control);
+        auto* combo = dynamic_cast<ComboBox*>(control);
+        auto* box = dynamic_cast<TextBox*>(control);
+        if (list != nullptr && !list->entries().empty() && is_reached(*list)) {
+            room_.desktop.selected(*list, index_in(list->entries()));
+            if (draw(2) == 0) room_.desktop.double_clicked(*list);
+        } else if (combo != nullptr && !combo->entries().empty() && is_reached(*combo)) {
+            room_.desktop.chosen(*combo, index_in(combo->entries()));
+        } else if (box != nullptr && box->mode == TextBox::Mode::Editable && is_reached(*box)) {
+            room_.desktop.text_edited(*box, std::string(static_cast<std::size_t>(draw(4)), 'x'));
+        } else if (list == nullptr && combo == nullptr) {
             presses(place);
             room_.desktop.mouse_released(draw(5) == 0 ? somewhere() : place);
         }
     }
 
     void presses(Point place) {
-        Form* form = room_.desktop.form_at(place);
-        const auto* image =
-            form == nullptr ? nullptr
-                            : dynamic_cast<const Image*>(form->control_at({place.x - form->Left, place.y - form->Top}));
+        const auto* image = dynamic_cast<const Image*>(control_at(place));
         if (image != nullptr && image->Picture == art::kExit && draw(200) > 0) return;  // it would be over too soon
         if (image != nullptr && image->Picture == art::kClose && draw(10) > 0) return;
         room_.desktop.mouse_pressed(place);
-    }
-
-    void takes_from(ListBox& list) {
-        if (!is_reached(list) || list.entries().empty()) return;
-        room_.desktop.selected(list, static_cast<std::size_t>(draw(static_cast<int>(list.entries().size()))));
-        if (draw(2) == 0) room_.desktop.double_clicked(list);
     }
 
     /// As the real screen does it: a press on a field first makes its form the active one, which may go over that.
@@ -153,10 +145,7 @@ private:
         if (board == nullptr) return;
         const PictureBox& tile = board->DragKey[draw(kTileCount)];
         for (const PictureBox& key : board->Keys) {
-            if (key.Tag != tile.Tag) continue;
-            const Point from = tile.bounds().centre();
-            const Point to = key.bounds().centre();
-            return drags({board->Left + from.x, board->Top + from.y}, {board->Left + to.x, board->Top + to.y});
+            if (key.Tag == tile.Tag) return drags(centre_on_screen(tile), centre_on_screen(key));
         }
     }
 

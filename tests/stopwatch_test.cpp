@@ -93,8 +93,7 @@ TEST(Stopwatch, NothingCanBePlayedBeforeItIsStarted) {
     EXPECT_EQ(stopwatch.Left, board.Left);
     const std::string letter = board.DragKey[0].Tag;
     for (Form* form : std::vector<Form*>{&room.form<frmBackGround>(), &board, &stopwatch}) {
-        const Point corner{form->Left + 5, form->Top + form->Height - 5};
-        room.desktop.mouse_pressed(corner), room.desktop.mouse_released(corner);
+        ann.clicks_at({form->Left + 5, form->Top + form->Height - 5});
         EXPECT_EQ(room.desktop.active(), form);
         ann.types(letter);
     }
@@ -112,8 +111,7 @@ TEST(Stopwatch, NothingCanBePlayedBeforeItIsStarted) {
     EXPECT_FALSE(stopwatch.Timer_Start_De.Visible || stopwatch.Timer_Start_Pre.Visible) << "it starts only once";
     EXPECT_EQ(stopwatch.control_at(stopwatch.stopwatch.bounds().centre()), &stopwatch.stop1);
     for (Form* form : std::vector<Form*>{&room.form<frmBackGround>(), &board, &stopwatch}) {
-        const Point corner{form->Left + 5, form->Top + form->Height - 5};
-        room.desktop.mouse_pressed(corner), room.desktop.mouse_released(corner);
+        ann.clicks_at({form->Left + 5, form->Top + form->Height - 5});
         ann.types(board.DragKey[0].Tag.get());
     }
     EXPECT_EQ(room.state().KeysDone, 3) << "wherever the pupil has clicked last";
@@ -171,8 +169,7 @@ TEST(Stopwatch, TheTeamsPictureActsAsItIsPressed) {
         ann.comes_in();
         ann.picks_game(kTiles);
         auto& teams = room.form<frmSettings>();
-        const Point middle = (teams.*c.picture).bounds().centre();
-        room.desktop.mouse_pressed({teams.Left + middle.x, teams.Top + middle.y});
+        room.desktop.mouse_pressed(centre_on_screen(teams.*c.picture));
         EXPECT_TRUE(room.is_open(FormId::frmSimpleKeyBoard)) << "without a release";
         EXPECT_EQ(room.state().TimeLimit, c.limit);
         room.desktop.mouse_released({0, 0});

@@ -250,25 +250,21 @@ TEST(TileGame, AMarkFollowsThePointerOverTilesAndTheDragOverKeys) {
     const auto marks = [&](const Control& field) {
         return mark.Visible && mark.Left == field.Left - 2 && mark.Top == field.Top - 2;
     };
-    const auto at = [&](const Control& field) {
-        const Point centre = field.bounds().centre();
-        return Point{desk.board().Left + centre.x, desk.board().Top + centre.y};
-    };
     EXPECT_FALSE(mark.Visible);
     desk.ann.points_at(desk.tile(7));
     EXPECT_TRUE(marks(desk.tile(7)));
     desk.ann.points_at(desk.key("A"));
     EXPECT_TRUE(marks(desk.tile(7))) << "it stays where it was last";
-    desk.room.desktop.mouse_pressed(at(desk.tile(2)));
-    desk.room.desktop.mouse_moved(at(desk.key("A")));
+    desk.room.desktop.mouse_pressed(centre_on_screen(desk.tile(2)));
+    desk.room.desktop.mouse_moved(centre_on_screen(desk.key("A")));
     EXPECT_TRUE(marks(desk.key("A")));
     EXPECT_EQ(desk.board().controls().back(), &mark) << "above the keys";
-    desk.room.desktop.mouse_moved(at(desk.key("4")));
+    desk.room.desktop.mouse_moved(centre_on_screen(desk.key("4")));
     EXPECT_TRUE(marks(desk.key("4")));
-    desk.room.desktop.mouse_moved(at(desk.board().close_De));
+    desk.room.desktop.mouse_moved(centre_on_screen(desk.board().close_De));
     EXPECT_FALSE(mark.Visible);
-    desk.room.desktop.mouse_moved(at(desk.key("4")));
-    desk.room.desktop.mouse_released(at(desk.key("4")));
+    desk.room.desktop.mouse_moved(centre_on_screen(desk.key("4")));
+    desk.room.desktop.mouse_released(centre_on_screen(desk.key("4")));
     EXPECT_FALSE(mark.Visible);
 }
 

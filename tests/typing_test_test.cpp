@@ -98,14 +98,10 @@ TEST_F(TypingTest, TheBorderStandsOnTheKeyThatIsDueAsLongAsAKeyIsDown) {
 
 TEST_F(TypingTest, TheKeyboardIsHeardWhateverWasClicked) {
     ann.picks_game(27);
-    const auto clicks_beside = [this] {
-        room.desktop.mouse_pressed({15, 15});
-        room.desktop.mouse_released({15, 15});
-    };
     ann.types("t");
     ann.press(test().Keys[7]);
     ann.types("h");
-    clicks_beside();
+    ann.clicks_at({15, 15});
     ann.types("e");
     ann.press(test().Label1);
     ann.press(test().Image1);

@@ -194,8 +194,7 @@ TEST_F(Judging, EndsWithTheLastRightAnswer) {
 
 TEST_F(Judging, AKeyThatComesAfterTheGameIsIgnored) {
     const auto types_on_the_backdrop = [this] {
-        room.desktop.mouse_pressed({15, 15});
-        room.desktop.mouse_released({15, 15});
+        ann.clicks_at({15, 15});
         ann.types("abc123");
         EXPECT_EQ(room.heard_and_forgotten(), std::vector<std::string>{});
     };
@@ -249,11 +248,8 @@ TEST_F(Judging, DoesNotBeginBeforeTheClockIsStarted) {
         opens(game);
         (void)room.heard_and_forgotten();
         ann.types(right_letter() + wrong_letter());
-        const auto& board = room.form<frmSimpleKeyBoard>();
         for (const std::string& letter : {right_letter(), wrong_letter()}) {
-            const Point middle = key(letter).bounds().centre();
-            room.desktop.mouse_pressed({board.Left + middle.x, board.Top + middle.y});
-            room.desktop.mouse_released({board.Left + middle.x, board.Top + middle.y});
+            ann.clicks_at(centre_on_screen(key(letter)));
         }
         EXPECT_EQ(room.heard_and_forgotten(), std::vector<std::string>{});
         EXPECT_EQ(room.state().KeysDone, 0);
