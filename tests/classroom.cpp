@@ -85,10 +85,6 @@ char32_t code_of(std::string_view letter) {
     return code;
 }
 
-Point corner_on_screen(const Control& control) {
-    return {control.form().Left + control.Left, control.form().Top + control.Top};
-}
-
 }  // namespace
 
 Point centre_on_screen(const Control& control) {
@@ -193,70 +189,71 @@ void Pupil::press(Control& control) { presses_and_lets_go_at(control, centre_on_
 void Pupil::presses_and_lets_go_at(Control& control, Point on_screen) {
     const Point centre = centre_on_screen(control);
     if (!can_reach(control, centre)) return;
-    room_.desktop.mouse_pressed(centre);
-    room_.desktop.mouse_released(on_screen);
+    thinks();
+    room_.display.press(centre);
+    room_.display.release(on_screen);
 }
 
 void Pupil::clicks_at(Point on_screen) {
-    room_.desktop.mouse_pressed(on_screen);
-    room_.desktop.mouse_released(on_screen);
+    thinks();
+    room_.display.click(on_screen);
 }
 
 void Pupil::points_at(Control& control) {
     const Point centre = centre_on_screen(control);
-    if (can_reach(control, centre)) room_.desktop.mouse_moved(centre);
+    if (can_reach(control, centre)) room_.display.move(centre);
 }
 
 void Pupil::drags(Control& tile, Control& target) {
     const Point from = centre_on_screen(tile);
     const Point to = centre_on_screen(target);
     if (!can_reach(tile, from) || !can_reach(target, to)) return;
-    room_.desktop.mouse_pressed(from);
-    room_.desktop.mouse_moved(to);
-    room_.desktop.mouse_released(to);
+    thinks();
+    room_.display.press(from);
+    room_.display.move(to);
+    room_.display.release(to);
 }
 
 void Pupil::types(std::string_view text) {
-    for (const std::string& letter : letters_of(text)) {
-        if (!room_.desktop.key_down({}) && !room_.desktop.key_pressed(code_of(letter))) {
-            Form* active = room_.desktop.active();
-            auto* box = active == nullptr ? nullptr : dynamic_cast<TextBox*>(active->focus());
-            if (box != nullptr && letters_of(box->Text.get()).size() < box->max_length) {
-                room_.desktop.text_edited(*box, box->Text.get() + letter);
-            }
-        }
-        room_.desktop.key_released({});
-    }
+    for (const std::string& letter : letters_of(text))
+        room_.display.strike({.character = code_of(letter)}, room_.desktop);
 }
 
-void Pupil::presses_enter() {
-    if (!room_.desktop.key_down({.key = Key::Enter})) (void)room_.desktop.key_pressed(U'\r');
-}
+void Pupil::presses_enter() { room_.display.strike({.key = Key::Enter, .character = U'\r'}, room_.desktop); }
 
-void Pupil::presses_alt_d() { (void)room_.desktop.key_down({.key = Key::D, .alt = true}); }
+void Pupil::presses_alt_d() { room_.display.strike({.key = Key::D, .alt = true, .character = U'd'}, room_.desktop); }
 
 void Pupil::chooses(ComboBox& combo, std::string_view entry) {
     const auto& entries = combo.entries();
     const auto place = std::ranges::find(entries, entry);
     ASSERT_NE(place, entries.end()) << entry << " is not in the list";
-    if (!can_reach(combo, corner_on_screen(combo))) return;
-    room_.desktop.clicked_into(combo);
-    room_.desktop.chosen(combo, static_cast<std::size_t>(place - entries.begin()));
+    const Point centre = centre_on_screen(combo);
+    if (!can_reach(combo, centre)) return;
+    thinks();
+    room_.display.pick(combo, static_cast<std::size_t>(place - entries.begin()), centre);
 }
 
-void Pupil::selects(ListBox& list, std::string_view beginning) {
+void Pupil::clicks(ListBox& list, std::string_view beginning, int times) {
     const auto& entries = list.entries();
     const auto place = std::ranges::find_if(entries, [&](const std::string& e) { return e.starts_with(beginning); });
     ASSERT_NE(place, entries.end()) << beginning << " is not in the list";
-    if (!can_reach(list, corner_on_screen(list))) return;
-    room_.desktop.clicked_into(list);
-    room_.desktop.selected(list, static_cast<std::size_t>(place - entries.begin()));
+    clicks_row(list, static_cast<std::size_t>(place - entries.begin()), times);
 }
 
-void Pupil::double_clicks(ListBox& list, std::string_view beginning) {
-    selects(list, beginning);
-    room_.desktop.double_clicked(list);
+void Pupil::clicks_row(ListBox& list, std::size_t row, int times) {
+    const Point corner{list.form().Left + list.Left, list.form().Top + list.Top};  // which a message leaves free
+    if (!can_reach(list, corner)) return;
+    thinks();
+    for (int i = 0; i < times; ++i) room_.display.click(corner, row);
 }
+
+void Pupil::selects(ListBox& list, std::string_view beginning) { clicks(list, beginning, 1); }
+
+void Pupil::double_clicks(ListBox& list, std::string_view beginning) { clicks(list, beginning, 2); }
+
+void Pupil::double_clicks_below(ListBox& list) { clicks_row(list, MousePress::kBelowTheRows, 2); }
+
+void Pupil::thinks() { room_.display.idle(Mouse::kDoubleClickTime * 2); }
 
 void Pupil::sits_down(std::string_view name) { chooses(room_.form<frmSelectGame>().cmbPupils, name); }
 

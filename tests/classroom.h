@@ -115,6 +115,8 @@ public:
     void chooses(ComboBox& combo, std::string_view entry);
     void selects(ListBox& list, std::string_view beginning);
     void double_clicks(ListBox& list, std::string_view beginning);
+    void double_clicks_below(ListBox& list);  ///< under its last row
+    void thinks();                            ///< before each press: two are no double click
 
     // Ways through the program that many tests take.
     void sits_down(std::string_view name);                      ///< from the first screen to the game list
@@ -130,6 +132,8 @@ public:
 
 private:
     [[nodiscard]] bool can_reach(Control& control, Point on_screen) const;
+    void clicks(ListBox& list, std::string_view beginning, int times);
+    void clicks_row(ListBox& list, std::size_t row, int times);
     Classroom& room_;
 };
 

@@ -25,10 +25,79 @@ TEST_F(Forms, APressedControlHearsOfTheReleaseWhereverItIs) {
     a.below.on_click = [&] { a.say("reached"); };
     click(a.decoration);
     EXPECT_EQ(said(), (Log{"a reached"}));
+}
+
+TEST_F(Forms, ASecondPressSoonAfterInTheSamePlaceIsADoubleClickOnARowOfAList) {
+    Toy& a = open("a");
     a.list.on_double_click = [&] { a.say("double click on " + a.list.text()); };
-    a.list.add("one");
-    desktop.clicked_into(a.list), desktop.selected(a.list, 0), desktop.double_clicked(a.list);
-    EXPECT_EQ(said(), (Log{"a box lost focus", "a double click on one"}));
+    a.list.add("one"), a.list.add("two");
+    a.list.Left = 0, a.list.Width = 500, a.list.bring_to_front();
+    const Point at{a.Left + 50, a.Top + 50};
+    const auto clicks = [&](std::optional<std::size_t> row, std::chrono::milliseconds after = {}, Twips beside = 0) {
+        display.idle(after);
+        display.click({at.x + beside, at.y}, row);
+    };
+    const Log once{"a double click on two"};
+    clicks(1), clicks(1, Mouse::kDoubleClickTime, Mouse::kDoubleClickDistance);
+    EXPECT_EQ(said_last(1), once) << "as slow and as far as a small hand is";
+    clicks(1);
+    EXPECT_EQ(said(), Log{}) << "a third press begins anew";
+    clicks(1);
+    EXPECT_EQ(said(), once);
+    clicks(0), clicks(1);
+    clicks(1, Mouse::kDoubleClickTime + std::chrono::milliseconds(1));
+    clicks({}), clicks({});  // on the scroll bar
+    EXPECT_EQ(said(), Log{}) << "two rows, two clicks that lie apart, no row";
+    EXPECT_EQ(a.list.text(), "two");
+    a.list.clear_selection();
+    clicks(MousePress::kBelowTheRows), clicks(MousePress::kBelowTheRows);
+    EXPECT_EQ(said(), Log{"a double click on "});
+    EXPECT_EQ(display.tell(WheelTurn{at}), Taker::Field);
+    EXPECT_EQ(display.tell(WheelTurn{on_screen(a.combo)}), Taker::Nobody) << "a wheel chooses nobody";
+}
+
+TEST_F(Forms, TheSecondPressOfADoubleClickIsNotForWhatTheFirstHasOpened) {
+    Toy& below = open("b");
+    Toy& a = open("a");
+    const Point at = on_screen(a.picture);
+    a.picture.on_click = [&] { desktop.hide(a); };
+    display.click(at), display.click(at), display.click(at);
+    EXPECT_FALSE(a.visible());
+    said();
+    display.click(at);
+    EXPECT_EQ(said(), Log{}) << "nor is the fourth of a flurry";
+    display.idle(Mouse::kDoubleClickTime + std::chrono::milliseconds(1)), display.click(at);
+    EXPECT_EQ(said_last(1), Log{"b picture clicked"}) << "after a pause it counts";
+
+    below.combo.add("Ann");
+    below.combo.on_click = [&] {
+        below.say("chosen");
+        desktop.show(a);
+    };
+    below.combo.Left = 0, below.combo.Top = 0;  // on top of the box
+    press(below.combo), release(below.combo);
+    display.tell(ListDrop{&below.combo, true});
+    EXPECT_EQ(display.press(on_screen(below.combo)), Taker::Nobody) << "it would close what the first press opened";
+    release(below.combo), display.tell(ListDrop{&below.combo, false});
+    display.idle(2 * Mouse::kDoubleClickTime);
+    a.picture.on_click = [&] { a.say("clicked"); };
+    display.pick(below.combo, 0, on_screen(below.combo)), said();
+    EXPECT_EQ(desktop.active(), &a);
+    display.click(on_screen(below.combo));
+    EXPECT_EQ(said(), Log{}) << "what a name has opened does not take its second press";
+}
+
+TEST_F(Forms, OneButtonCountsAtATimeAndALostReleaseComesWithTheNextMoveOrPress) {
+    Toy& a = open("a");
+    const Point at = on_screen(a.picture);
+    press(a.picture);
+    display.press(at, {}, MouseButton::Right), display.release(at, MouseButton::Right);
+    EXPECT_EQ(said(), (Log{"a picture down"}));
+    display.tell(MouseMove{at, {}});
+    EXPECT_EQ(said(), (Log{"a picture up", "a picture clicked", "a picture pointed at"}));
+    display.press(at), display.press(at);
+    EXPECT_EQ(said(), (Log{"a picture down", "a picture up", "a picture clicked", "a picture down"}));
+    release(a.picture);
 }
 
 TEST_F(Forms, ATileIsDraggedOverKeysAndDroppedOnOne) {
@@ -65,7 +134,7 @@ TEST_F(Forms, ATileIsDraggedOverKeysAndDroppedOnOne) {
         press(a.tile);
         ASSERT_TRUE(desktop.drag());
         c.meanwhile();
-        desktop.mouse_released(c.where);
+        display.release(c.where);
         EXPECT_EQ(said(), Log{}) << c.let_go;
         EXPECT_FALSE(desktop.drag()) << c.let_go;
     }
@@ -82,7 +151,7 @@ TEST_F(Forms, WhatThePointerHoldsOrIsOverMayGo) {
     a = &open("a");
     const Point where = on_screen(a->picture);
     press(a->picture), desktop.unload(*a);
-    desktop.mouse_released(where);
+    display.release(where);
     EXPECT_EQ(said_last(2), (Log{"b activated", "a gone"}));
 }
 
@@ -95,9 +164,9 @@ TEST_F(Forms, APictureButtonActsOnceForEachPress) {
     for (const Point let_go : {on_screen(a.picture), Point{9000, 9000}}) {
         press(a.picture);
         EXPECT_EQ(a.control_at({150, 50}), &a.below) << "the pressed picture shows";
-        press(a.picture);  // another mouse button, while the first one is down
+        display.press(on_screen(a.picture), {}, MouseButton::Right);  // while the first one is down
         EXPECT_EQ(said(), Log{});
-        desktop.mouse_released(let_go), desktop.mouse_released(let_go);
+        display.release(let_go), display.release(let_go, MouseButton::Right);
         EXPECT_EQ(said(), (Log{"a acts"}));
         EXPECT_EQ(a.control_at({150, 50}), &a.picture);
     }

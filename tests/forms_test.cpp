@@ -36,22 +36,26 @@ TEST_F(Forms, TopMostFormsLieAboveOrdinaryOnesHoweverTheyAreRaised) {
     EXPECT_EQ(desktop.active(), &top) << "the uppermost of those that stay";
 }
 
-TEST_F(Forms, AFormThatTakesTheActiveStateBackKeepsItAndComesToTheTop) {
+TEST_F(Forms, AMessageStaysActiveAndOnTopUntilItGoes) {
     Toy& a = open("a");
-    Toy& message = open("m", {0, 500});
-    message.when_deactivated = [&] { desktop.set_focus(message.box); };
+    Toy& message = open("m", {0, 500}, {.size = {600, 100}, .placement = Placement::Own, .level = Level::Message});
     click(a.picture);
     EXPECT_EQ(said().back(), "a picture clicked") << "the form below stays alive";
+    click(a.list), display.click(on_screen(a.list), 0), display.click(on_screen(a.list), 0);
+    a.list.add("one"), display.click(on_screen(a.list), 0);
+    EXPECT_FALSE(a.list.selected()) << "but what one chooses in takes nothing";
+    display.strike({.character = U'x'}, desktop);
+    EXPECT_EQ(a.box.Text, "");
+    EXPECT_EQ(message.box.Text, "x");
+    Toy& later = open("o", {0, 1000});
+    later.when_deactivated = [&] { desktop.set_focus(later.box); };
+    desktop.set_focus(later.box), desktop.show(a);
+    EXPECT_EQ(stack(), "oam");
     EXPECT_EQ(desktop.active(), &message);
-
-    // Two forms that both do so must not hand it to and fro for ever.
-    Toy& other = open("o", {0, 1000});
-    EXPECT_EQ(stack(), "aom");
-    other.when_deactivated = [&] { desktop.set_focus(other.box); };
-    for (const Toy* clicked : {&other, &a, &message}) {
-        click(clicked->picture);
-        EXPECT_EQ(desktop.active(), &message) << "after a click on " << clicked->name;
-    }
+    desktop.unload(message);
+    EXPECT_EQ(desktop.active(), &a) << "the uppermost of those that stay";
+    desktop.show(later), click(a.picture);
+    EXPECT_EQ(desktop.active(), &later) << "a form may take the active state back";
 }
 
 TEST_F(Forms, TheFocusStaysWithItsFormUntilItIsGivenElsewhere) {
@@ -72,22 +76,49 @@ TEST_F(Forms, TheFocusStaysWithItsFormUntilItIsGivenElsewhere) {
 
 TEST_F(Forms, AListeningFormSeesKeysBeforeItsControlsAndMaySwallowThem) {
     Toy& a = open("a", {}, kListening);
-    EXPECT_FALSE(desktop.key_down({}));
-    EXPECT_FALSE(desktop.key_pressed(U'x'));
-    desktop.key_released({});
+    const auto strikes = [&](char32_t character) { return display.tell(KeyDown{.character = character}); };
+    EXPECT_EQ(strikes(U'x'), Taker::Field);
+    display.tell(KeyUp{.repeats = true}), display.tell(KeyUp{});
     EXPECT_EQ(said(), (Log{"a key down", "a sees a key", "a box x", "a box key up"}));
     a.when_key_pressed = [](KeyPress& press) { press.swallow(); };
-    EXPECT_TRUE(desktop.key_pressed(U'y'));
-    EXPECT_EQ(said(), (Log{"a sees a key"}));
+    EXPECT_EQ(strikes(U'y'), Taker::Nobody);
+    EXPECT_EQ(said(), (Log{"a key down", "a sees a key"}));
     a.when_key_pressed = [&](KeyPress&) { desktop.unload(a); };
-    EXPECT_TRUE(desktop.key_pressed(U'z')) << "nobody is left whom the key is for";
-    EXPECT_EQ(said(), (Log{"a sees a key", "a gone"}));
+    EXPECT_EQ(strikes(U'z'), Taker::Nobody) << "nobody is left whom the key is for";
+    EXPECT_EQ(said(), (Log{"a key down", "a sees a key", "a gone"}));
     Toy& b = open("b");
-    EXPECT_FALSE(desktop.key_down({}));
-    EXPECT_FALSE(desktop.key_pressed(U'x'));
+    EXPECT_EQ(strikes(U'x'), Taker::Field);
     EXPECT_EQ(said(), (Log{"b box x"})) << "a form without key preview is not asked";
     b.box.on_key_press = [](KeyPress& press) { press.swallow(); };
-    EXPECT_TRUE(desktop.key_pressed(U'x'));
+    EXPECT_EQ(strikes(U'x'), Taker::Nobody);
+}
+
+TEST_F(Forms, CommandsAreNoTextAndWhatAHeldKeyRepeatsIsForTheFormThatItWasPressedOn) {
+    Toy& a = open("a");
+    for (const KeyDown& command :
+         {KeyDown{.alt = true, .character = U'd'}, KeyDown{.command = true, .character = U'e'}}) {
+        display.tell(command);
+    }
+    EXPECT_EQ(said(), Log{});
+    display.tell(KeyDown{.alt = true, .control = true, .character = U'@'});  // the third level of some keyboards
+    display.tell(KeyDown{.character = U'e'}), display.tell(KeyDown{.repeats = true, .character = U'e'});
+    EXPECT_EQ(said(), (Log{"a box @", "a box e", "a box e"}));
+    Toy& b = open("b", {0, 500});
+    EXPECT_EQ(display.tell(KeyDown{.key = Key::Enter, .repeats = true, .character = U'\r'}), Taker::Nobody);
+    EXPECT_EQ(said(), Log{});
+    display.tell(KeyDown{.character = U'f'}), display.tell(KeyDown{.repeats = true, .character = U'f'});
+    EXPECT_EQ(said(), (Log{"b box f", "b box f"}));
+    b.list.on_enter_key = [&] { b.say("enter"); };
+    desktop.set_focus(b.list), log.clear();
+    display.tell(KeyDown{.key = Key::Enter, .character = U'\r'});
+    EXPECT_EQ(said(), Log{"b enter"});
+    desktop.set_focus(a.box);
+}
+
+TEST_F(Forms, ATextBoxTakesNoMoreLettersThanItIsMadeFor) {
+    Toy& a = open("a");
+    a.small.edit("Zoë😀x");
+    EXPECT_EQ(a.small.Text, "Zoë😀");
 }
 
 TEST_F(Forms, ATimerTicksAtItsIntervalUntilItIsStoppedOrItsFormGoes) {
@@ -120,7 +151,7 @@ TEST_F(Forms, AFormMayUnloadItselfInItsOwnHandlerWhichStillRunsToItsEnd) {
         // Nothing that it still does may bring it to life again.
         a.clock.enable();
         a.box.Text = "still there";
-        a.draw({.centre = {}, .radius = 10, .sector = {}, .outline = kRed, .fill = kRed});
+        a.dial.draw({.sector = {}, .outline = kRed, .fill = kRed});
         desktop.show(a), desktop.set_focus(a.box), desktop.repaint_now(a), desktop.hide(a), desktop.unload(a);
         a.say("ends");
     };

@@ -74,7 +74,7 @@ TEST(GameList, NothingHappensWithoutAChoice) {
     ann.presses(&frmHalloffame::AnotherDe);
     ann.presses_enter();
     EXPECT_EQ(room.message(), "");
-    room.desktop.double_clicked(room.form<frmGames>().List1);
+    ann.double_clicks_below(room.form<frmGames>().List1);
     EXPECT_EQ(room.message(), "Please choose a game from the list.");
     ann.presses(&frmErrmsg::ContinueDe);
     ann.presses(&frmGames::hall_De);

@@ -31,8 +31,7 @@ private:
         for (int i = draw(3); i > 0; --i) hammers_once();
         auto* board = room_.program.forms.find<frmSimpleKeyBoard>();
         if (board == nullptr || draw(40) > 0) return;
-        room_.desktop.mouse_pressed(centre_on_screen(board->close_De));
-        room_.desktop.mouse_released(centre_on_screen(board->close_De));
+        room_.display.click(centre_on_screen(board->close_De));
     }
 
     void hammers_once() {
@@ -67,10 +66,10 @@ private:
                 room_.display.resize({15360 + 500 * draw(12), 11520});
                 break;
             case 3:
-                (void)room_.desktop.key_down({.key = Key::D, .alt = true});
+                room_.display.strike({.key = Key::D, .alt = true, .character = U'd'}, room_.desktop);
                 break;
             case 4:
-                (void)room_.desktop.key_down({.key = Key::Enter});
+                room_.display.strike({.key = Key::Enter, .character = U'\r'}, room_.desktop);
                 break;
             default:
                 room_.seconds_pass(70);
@@ -93,51 +92,38 @@ private:
 
     void clicks(Point place) {
         Control* control = control_at(place);
-        auto* list = dynamic_cast<ListBox*>(control);
-        auto* combo = dynamic_cast<ComboBox*>(control);
-        auto* box = dynamic_cast<TextBox*>(control);
-        if (list != nullptr && !list->entries().empty() && is_reached(*list)) {
-            room_.desktop.selected(*list, index_in(list->entries()));
-            if (draw(2) == 0) room_.desktop.double_clicked(*list);
-        } else if (combo != nullptr && !combo->entries().empty() && is_reached(*combo)) {
-            room_.desktop.chosen(*combo, index_in(combo->entries()));
-        } else if (box != nullptr && box->mode == TextBox::Mode::Editable && is_reached(*box)) {
-            room_.desktop.text_edited(*box, std::string(static_cast<std::size_t>(draw(4)), 'x'));
-        } else if (list == nullptr && combo == nullptr) {
-            presses(place);
-            room_.desktop.mouse_released(draw(5) == 0 ? somewhere() : place);
-        }
-    }
-
-    void presses(Point place) {
-        const auto* image = dynamic_cast<const Image*>(control_at(place));
+        const auto* image = as<Image>(control);
         if (image != nullptr && image->Picture == art::kExit && draw(200) > 0) return;  // it would be over too soon
         if (image != nullptr && image->Picture == art::kClose && draw(10) > 0) return;
-        room_.desktop.mouse_pressed(place);
-    }
-
-    /// As the real screen does it: a press on a field first makes its form the active one, which may go over that.
-    bool is_reached(Control& field) {
-        const Form* form = &field.form();
-        room_.desktop.clicked_into(field);
-        return room_.desktop.active() == form;
+        if (draw(3) > 0) room_.display.idle(Mouse::kDoubleClickTime * 2);
+        auto* combo = as<ComboBox>(control);
+        auto* list = as<ListBox>(control);
+        if (combo != nullptr && !combo->entries().empty()) {
+            room_.display.pick(*combo, index_in(combo->entries()), place);
+        } else if (list != nullptr && !list->entries().empty()) {
+            const std::size_t row = draw(9) == 0 ? MousePress::kBelowTheRows : index_in(list->entries());
+            for (int i = draw(3); i >= 0; --i) room_.display.click(place, row);
+        } else {
+            room_.display.press(place);
+            room_.display.release(draw(5) == 0 ? somewhere() : place);
+        }
     }
 
     void types() {
         constexpr std::string_view kKeys = "abcdefghijklmnopqrstuvwxyzAEIOU0123456789 .'\r\b";
-        if (room_.desktop.key_down({})) return;
         auto* board = room_.program.forms.find<frmSimpleKeyBoard>();
         const bool knows = board != nullptr && draw(2) == 0;
         const char key = knows ? board->DragKey[0].Tag->front() : one_of(kKeys);
-        (void)room_.desktop.key_pressed(static_cast<char32_t>(key));
-        if (draw(3) > 0) room_.desktop.key_released({});
+        room_.display.strike({.character = static_cast<char32_t>(key)}, room_.desktop);
     }
 
     void drags(Point from, Point to) {
-        presses(from);
-        room_.desktop.mouse_moved(somewhere());
-        room_.desktop.mouse_moved(to);
-        room_.desktop.mouse_released(to);
+        room_.display.idle(Mouse::kDoubleClickTime * 2);
+        if (as<PictureBox>(control_at(from)) == nullptr) return;
+        room_.display.press(from);
+        room_.display.move(somewhere());
+        room_.display.move(to);
+        room_.display.release(to);
     }
 
     void puts_a_tile_where_it_belongs() {

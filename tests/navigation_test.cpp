@@ -65,7 +65,7 @@ void nothing(Seat&) {}
 void join(Seat& seat) { seat.ann.joins(kBlueTeam); }
 void last_second(Seat& seat) { seat.room.seconds_pass(60); }
 void type_a_name(Seat& seat) { seat.ann.types("Cleo"), seat.ann.presses(&frmNewPupil::NextDe); }
-void double_click(Seat& seat) { seat.room.desktop.double_clicked(seat.room.form<frmGames>().List1); }
+void double_click(Seat& seat) { seat.ann.double_clicks_below(seat.room.form<frmGames>().List1); }
 
 struct Row {
     const char* from;

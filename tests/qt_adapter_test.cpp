@@ -223,9 +223,9 @@ TEST_F(QtAdapterTest, ADraggedTileFollowsThePointer) {
 TEST_F(QtAdapterTest, TheWindowClosesOnlyWithTheLastForm) {
     auto& form = shows<Toy>();
     int asked = 0;
-    display_.on_close_requested = [&] { ++asked; };
+    desktop_.on_close_request = [&] { ++asked; };
     EXPECT_FALSE(window().close());
-    display_.on_close_requested = [&] { desktop_.unload(form); };
+    desktop_.on_close_request = [&] { desktop_.unload(form); };
     EXPECT_TRUE(window().close());
     EXPECT_EQ(asked, 1);
     EXPECT_EQ(display_.run(), 0);

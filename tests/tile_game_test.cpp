@@ -255,16 +255,16 @@ TEST(TileGame, AMarkFollowsThePointerOverTilesAndTheDragOverKeys) {
     EXPECT_TRUE(marks(desk.tile(7)));
     desk.ann.points_at(desk.key("A"));
     EXPECT_TRUE(marks(desk.tile(7))) << "it stays where it was last";
-    desk.room.desktop.mouse_pressed(centre_on_screen(desk.tile(2)));
-    desk.room.desktop.mouse_moved(centre_on_screen(desk.key("A")));
+    desk.room.display.press(centre_on_screen(desk.tile(2)));
+    desk.room.display.move(centre_on_screen(desk.key("A")));
     EXPECT_TRUE(marks(desk.key("A")));
     EXPECT_EQ(desk.board().controls().back(), &mark) << "above the keys";
-    desk.room.desktop.mouse_moved(centre_on_screen(desk.key("4")));
+    desk.room.display.move(centre_on_screen(desk.key("4")));
     EXPECT_TRUE(marks(desk.key("4")));
-    desk.room.desktop.mouse_moved(centre_on_screen(desk.board().close_De));
+    desk.room.display.move(centre_on_screen(desk.board().close_De));
     EXPECT_FALSE(mark.Visible);
-    desk.room.desktop.mouse_moved(centre_on_screen(desk.key("4")));
-    desk.room.desktop.mouse_released(centre_on_screen(desk.key("4")));
+    desk.room.display.move(centre_on_screen(desk.key("4")));
+    desk.room.display.release(centre_on_screen(desk.key("4")));
     EXPECT_FALSE(mark.Visible);
 }
 

@@ -38,6 +38,9 @@ struct Toy final : Form {
     ListBox list{*this, {400, 0, 100, 100}, {}};
     Image below{*this, {500, 0, 100, 100}};
     Shape decoration{*this, {500, 0, 100, 100}, {}};
+    ComboBox combo{*this, {500, 200, 100, 100}, {}};
+    TextBox small{*this, {600, 200, 100, 100}, TextBox::Mode::Editable, {}, 4};
+    Dial dial{*this, {750, 250}, 50};
     Timer clock{*this, std::chrono::seconds{1}, [this] { say("tick"); }};
     Handler when_deactivated = [] {};
     std::function<void(KeyPress&)> when_key_pressed = [](KeyPress&) {};
@@ -83,9 +86,12 @@ protected:
         const Point centre = control.bounds().centre();
         return {control.form().Left + centre.x, control.form().Top + centre.y};
     }
-    void press(const Control& control) { desktop.mouse_pressed(on_screen(control)); }
-    void move(const Control& control) { desktop.mouse_moved(on_screen(control)); }
-    void release(const Control& control) { desktop.mouse_released(on_screen(control)); }
+    void press(const Control& control) {
+        display.idle(2 * Mouse::kDoubleClickTime);
+        display.press(on_screen(control));
+    }
+    void move(const Control& control) { display.move(on_screen(control)); }
+    void release(const Control& control) { display.release(on_screen(control)); }
     void click(const Control& control) { press(control), release(control); }
     Log said() { return std::exchange(log, {}); }
     Log said_last(std::size_t lines) {

@@ -43,7 +43,7 @@ struct Holding : Toy {
 /// design.
 class ToyScreen : public testing::Test {
 protected:
-    ToyScreen() { display_.attach(desktop_); }
+    ToyScreen() { display_.attach(desktop_, desktop_); }
 
     template <class F, class... Args>
     F& shows(Args&&... args) {
@@ -98,11 +98,22 @@ protected:
         return found;
     }
 
-    void press(const Form& form, int x, int y) { QTest::mousePress(handle(), Qt::LeftButton, {}, at(form, x, y)); }
+    static constexpr int kPause = 2 * static_cast<int>(Mouse::kDoubleClickTime.count());  // only the events count it
+    void press(const Form& form, int x, int y) {
+        QTest::mousePress(handle(), Qt::LeftButton, {}, at(form, x, y), kPause);
+    }
     void release(const Form& form, int x, int y) { QTest::mouseRelease(handle(), Qt::LeftButton, {}, at(form, x, y)); }
     void move(const Form& form, int x, int y) { QTest::mouseMove(handle(), at(form, x, y)); }
-    void click(const Form& form, int x, int y) { QTest::mouseClick(handle(), Qt::LeftButton, {}, at(form, x, y)); }
-    void double_click(QPoint place) { QTest::mouseDClick(handle(), Qt::LeftButton, {}, place); }
+    void click(const Form& form, int x, int y) { press(form, x, y), release(form, x, y); }
+    static void click(QPoint place) {
+        QTest::mousePress(handle(), Qt::LeftButton, {}, place, kPause);
+        QTest::mouseRelease(handle(), Qt::LeftButton, {}, place);
+    }
+    static void double_click(QPoint place) {
+        click(place);
+        QTest::mousePress(handle(), Qt::LeftButton, {}, place, 1);
+        QTest::mouseRelease(handle(), Qt::LeftButton, {}, place, 1);
+    }
     void type(Qt::Key key, Qt::KeyboardModifiers held = {}) { QTest::keyClick(handle(), key, held); }
     void type(const std::string& text) {
         for (const char character : text) QTest::keyClick(handle(), character);

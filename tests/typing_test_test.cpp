@@ -20,7 +20,10 @@ protected:
         return "none";
     }
     void holds_down(char32_t character, int repeats) {
-        for (int i = 0; i <= repeats; ++i) (void)room.desktop.key_pressed(character);
+        for (int i = 0; i <= repeats; ++i) {
+            if (i > 0) room.display.tell(KeyUp{.repeats = true});
+            room.display.tell(KeyDown{.repeats = i > 0, .character = character});
+        }
     }
 };
 
@@ -75,20 +78,20 @@ TEST_F(TypingTest, TheBorderStandsOnTheKeyThatIsDueAsLongAsAKeyIsDown) {
     ann.picks_game(27);
     holds_down('x', 0);
     EXPECT_EQ(marked(), "T");
-    room.desktop.key_released({});
+    room.display.tell(KeyUp{});
     EXPECT_EQ(marked(), "");
     holds_down('t', 0);
     EXPECT_EQ(marked(), "T");
     holds_down('t', 2);  // held on, it is a wrong key for the next letter
     EXPECT_EQ(marked(), "H");
     EXPECT_EQ(built(), "t");
-    room.desktop.key_released({});
+    room.display.tell(KeyUp{});
     EXPECT_EQ(marked(), "");
     ann.types("h");
     holds_down('e', 1);  // a blank is due after the first of them, and has no key
     EXPECT_EQ(marked(), "E");
     EXPECT_EQ(built(), "the");
-    room.desktop.key_released({});
+    room.display.tell(KeyUp{});
     holds_down('x', 0);
     EXPECT_EQ(marked(), "");
     holds_down(' ', 3);  // as the q is due by then

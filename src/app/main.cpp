@@ -27,12 +27,12 @@ int main(int argc, char** argv) {
 
     QtDisplay display(files);
     Desktop desktop(display);
-    display.attach(desktop);
+    display.attach(desktop, desktop);
     Program program(desktop, {store, sound, clock, random, files});
     GameReferee referee(program);
     program.referee = &referee;
     define_all_forms(program);
-    display.on_close_requested = [&program] { program.forms.unload_all(); };
+    desktop.on_close_request = [&program] { program.forms.unload_all(); };
 
     if (const auto failure = program.start()) {
         show_start_failure(files, "Marrowfen can't start. The file " + (folder / "data.mdb").string() +

@@ -80,6 +80,7 @@ void frmSimpleKeyBoard::deal_next(PictureBox& tile) {
 void frmSimpleKeyBoard::refill(PictureBox& tile) {
     if (program_.state.PanelsDone == kKeyCount) {
         tile.Visible = false;
+        if (marked_ == &tile) PanBorder.Visible = false;  // typed away under the pointer
     } else {
         deal_next(tile);
     }

@@ -11,6 +11,7 @@ constexpr Twips kMarkOffset = 2;
 }  // namespace
 
 void frmSimpleKeyBoard::mark(const PictureBox& field) {
+    marked_ = &field;
     PanBorder.Visible = true;
     PanBorder.Top = field.Top - kMarkOffset;
     PanBorder.Left = field.Left - kMarkOffset;

@@ -41,6 +41,7 @@ public:
 private:
     PictureButton close_{close_De, Close_Pre, [this] { leave_game(); }};
     State::Whole CurrentKey = 0;  ///< the key whose letter was drawn last
+    const PictureBox* marked_ = nullptr;
 
     [[nodiscard]] bool read_template();
     void paint_faces();

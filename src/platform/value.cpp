@@ -1,18 +1,12 @@
 #include <charconv>
 #include <limits>
 
+#include "platform/match.h"
 #include "platform/store.h"
 
 namespace marrowfen {
 
 namespace {
-
-template <class... Cases>
-struct Match : Cases... {
-    using Cases::operator()...;
-};
-template <class... Cases>
-Match(Cases...) -> Match<Cases...>;
 
 std::string padded(std::int64_t number, std::size_t digits) {
     std::string text = std::to_string(number);

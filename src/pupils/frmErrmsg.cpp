@@ -2,6 +2,7 @@
 
 namespace marrowfen {
 
-frmErrmsg::frmErrmsg(Program& program) : ProgramForm(program, {.size = {10170, 4440}, .border = Border::Thin}) {}
+frmErrmsg::frmErrmsg(Program& program)
+    : ProgramForm(program, {.size = {10170, 4440}, .level = Level::Message, .border = Border::Thin}) {}
 
 }  // namespace marrowfen

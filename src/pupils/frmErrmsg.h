@@ -23,7 +23,6 @@ public:
     Image   ContinueDe {*this, {  3840, 3645,  2760,  660}, art::kContinue};
     // clang-format on
 
-    void deactivated() override { desktop().set_focus(Text1); }
     void tell(const std::string& message) override { ErrMsg.Caption = message; }
 
 private:

@@ -1,6 +1,7 @@
 #include "pupils/frmSettings.h"
 
 #include "results/frmHalloffame.h"
+#include "results/frmTimer.h"
 
 namespace marrowfen {
 
@@ -23,7 +24,7 @@ void frmSettings::join(const Team& team) {
     // The board unloads this form while it loads; from here on only the stopwatch and the shared state are touched.
     Program& program = program_;
     program.forms.show(FormId::frmSimpleKeyBoard);
-    if (Form* stopwatch = program.forms.find(FormId::frmTimer)) stopwatch->FillColor = team.colour;
+    if (auto* stopwatch = program.forms.find<frmTimer>()) stopwatch->FillColor = team.colour;
     program.state.TimeLimit = team.time_limit;
 }
 

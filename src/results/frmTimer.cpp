@@ -12,9 +12,7 @@ constexpr float kTwelveOClock = -1.58F;
 // back, and the sector goes on growing from there.
 constexpr float kThreeOClock = -0.01F;
 constexpr float kWholeTurnBack = -6.28F;
-constexpr double kWholeTurn = 2 * (22.0 / 7);
-constexpr Twips kDialTop = 940;
-constexpr Twips kDialRadius = 490;
+constexpr double kWholeTurn = 2 * (22.0 / 7);  // a little more than it is, as the dial was always drawn
 
 }  // namespace
 
@@ -31,13 +29,14 @@ void frmTimer::place() {
 
 void frmTimer::start() {
     stop1.bring_to_front();
+    dial.bring_to_front();
     desktop().yield();
     auto* board = program_.forms.find<frmSimpleKeyBoard>();
     // A second press may have come in meanwhile: the clock starts only once.
     if (!desktop().is_loaded(*this) || board == nullptr || KeyTimer.enabled()) return;
     program_.state.GameRunning = true;
     board->enable_play();
-    draw({.centre = {Width / 2, kDialTop}, .radius = kDialRadius, .sector = {}, .outline = kWhite, .fill = FillColor});
+    dial.draw({.sector = {}, .outline = kWhite, .fill = FillColor});
     HandStep = kWholeTurn / program_.state.TimeLimit;
     HandAngle = kTwelveOClock;
     FillColor = kWhite;
@@ -49,11 +48,7 @@ void frmTimer::start() {
 }
 
 void frmTimer::draw_sector() {
-    draw({.centre = {Width / 2, kDialTop},
-          .radius = kDialRadius,
-          .sector = Disc::Sector{HandAngle, kTwelveOClock},
-          .outline = kWhite,
-          .fill = FillColor});
+    dial.draw({.sector = Disc::Sector{HandAngle, kTwelveOClock}, .outline = kWhite, .fill = FillColor});
 }
 
 void frmTimer::tick() {

@@ -18,10 +18,13 @@ public:
     //                                  left   top  width height
     Image stop1           {*this, {       30,  -15,  1440, 1650}, art::kStopwatchPressed};
     Image stopwatch       {*this, {       30,  -15,  1440, 1650}, art::kStopwatch};
+    Dial  dial            {*this, {780, 940}, 490};
     Image Timer_Start_Pre {*this, {      120, 1725,  1350,  555}, art::kStartPressed};
     Image Timer_Start_De  {*this, {      120, 1725,  1365,  555}, art::kStart};
     Timer KeyTimer        {*this, std::chrono::seconds{1}, [this] { tick(); }};
     // clang-format on
+
+    Colour FillColor = kRed;  ///< of what is painted on the dial next
 
     void place() override;  ///< on the board's upper edge, flush with its left one
 

@@ -14,7 +14,8 @@ Control::Control(Form& form, const Rect& bounds)
       Visible(*this, true),
       Enabled(*this, true),
       Tag(*this, {}),
-      form_(form) {
+      form_(form),
+      number_(form.controls_.size()) {
     form.controls_.push_back(this);
 }
 

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <variant>
 
 #include "platform/forms/geometry.h"
 #include "platform/forms/input.h"
@@ -10,8 +11,18 @@
 
 namespace marrowfen {
 
+class ComboBox;
+class Dial;
 class Form;
+class Image;
+class Label;
+class ListBox;
 class PictureBox;
+class Shape;
+class TextBox;
+
+/// A control as what it is. Whoever visits one says what to do with each kind, so that a new kind is forgotten nowhere.
+using AnyControl = std::variant<Label*, Image*, PictureBox*, Shape*, Dial*, TextBox*, ListBox*, ComboBox*>;
 
 /// A thing on a form. It registers itself with its form in the order of declaration, which is the order of stacking:
 /// the last one lies on top. A control lives exactly as long as its form and never moves in memory.
@@ -41,12 +52,16 @@ public:
     std::function<void(DragState)> on_drag_over;
     std::function<void(PictureBox& source)> on_drag_drop;
 
+    [[nodiscard]] virtual AnyControl any() = 0;
     [[nodiscard]] Form& form() const { return form_; }
+    [[nodiscard]] std::size_t number() const { return number_; }  ///< on its form, in the order of declaration
     [[nodiscard]] Rect bounds() const { return {Left, Top, Width, Height}; }  ///< in twips on its form
     void bring_to_front();
 
     [[nodiscard]] virtual bool takes_mouse() const { return true; }
     [[nodiscard]] virtual bool takes_focus() const { return false; }
+    /// Whether one types or chooses in it, which takes the help of the toolkit.
+    [[nodiscard]] virtual bool is_field() const { return false; }
     /// How far its painting reaches over its bounds on every side.
     [[nodiscard]] virtual Twips overhang() const { return 0; }
 
@@ -57,6 +72,16 @@ protected:
 
 private:
     Form& form_;
+    const std::size_t number_;
 };
+
+/// nullptr: it is none, or there is no control.
+template <class C>
+[[nodiscard]] C* as(Control* control) {
+    if (control == nullptr) return nullptr;
+    const AnyControl any = control->any();
+    C* const* found = std::get_if<C*>(&any);
+    return found == nullptr ? nullptr : *found;
+}
 
 }  // namespace marrowfen

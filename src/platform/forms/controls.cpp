@@ -1,6 +1,30 @@
 #include "platform/forms/controls.h"
 
+#include <cmath>
+#include <numbers>
+
 namespace marrowfen {
+
+namespace {
+
+double turn(double from, double to) {
+    const double span = std::fmod(to - from, 360.0);
+    return span < 0 ? span + 360 : span;
+}
+
+// A stopwatch draws its growing hand anew each second: only the last one needs paint.
+bool hides(const Disc& upper, const Disc& lower) {
+    if (upper.outline != lower.outline) return false;
+    if (!upper.sector || !lower.sector) return !upper.sector;
+    const double from = turn(degrees(upper.sector->start), degrees(lower.sector->start));
+    return from + span_of(*lower.sector) <= span_of(*upper.sector);
+}
+
+}  // namespace
+
+double degrees(float radians) { return static_cast<double>(std::abs(radians)) * 180 / std::numbers::pi; }
+
+double span_of(const Disc::Sector& sector) { return turn(degrees(sector.start), degrees(sector.end)); }
 
 Label::Label(Form& form, const Rect& bounds, std::string caption, Font font_, Colour fore, Align align_,
              std::optional<Colour> back_)
@@ -19,6 +43,15 @@ PictureBox::PictureBox(Form& form, const Rect& bounds, std::optional<Colour> bac
 
 Shape::Shape(Form& form, const Rect& bounds, const Style& style_) : Control(form, bounds), style(style_) {}
 
+Dial::Dial(Form& form, Point centre, Twips radius)
+    : Control(form, {centre.x - radius, centre.y - radius, 2 * radius, 2 * radius}) {}
+
+void Dial::draw(const Disc& disc) {
+    while (!drawn_.empty() && hides(disc, drawn_.back())) drawn_.pop_back();
+    drawn_.push_back(disc);
+    touched();
+}
+
 TextBox::TextBox(Form& form, const Rect& bounds, Mode mode_, const Style& style_, std::size_t max_length_,
                  std::string text)
     : Control(form, bounds),
@@ -27,6 +60,16 @@ TextBox::TextBox(Form& form, const Rect& bounds, Mode mode_, const Style& style_
       mode(mode_),
       style(style_),
       max_length(max_length_) {}
+
+void TextBox::edit(std::string_view text) {
+    constexpr auto begins_a_letter = [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; };
+    std::size_t letters = 0;
+    std::size_t length = 0;
+    for (; length < text.size(); ++length) {
+        if (begins_a_letter(text[length]) && ++letters > max_length) break;
+    }
+    Text = std::string(text.substr(0, length));
+}
 
 ListBox::ListBox(Form& form, const Rect& bounds, const Style& style_) : Control(form, bounds), style(style_) {}
 

@@ -14,6 +14,7 @@ namespace marrowfen {
 /// Text that nobody edits. It wraps at its width, and is painted smaller when it would not fit.
 class Label final : public Control {
 public:
+    [[nodiscard]] AnyControl any() override { return this; }
     Label(Form& form, const Rect& bounds, std::string caption, Font font, Colour fore, Align align = Align::Left,
           std::optional<Colour> back = {});
     Property<std::string> Caption;
@@ -29,6 +30,7 @@ enum class Stretch : std::uint8_t { No, Yes };
 /// size.
 class Image final : public Control {
 public:
+    [[nodiscard]] AnyControl any() override { return this; }
     Image(Form& form, const Rect& bounds, const marrowfen::Picture& picture = {}, Stretch stretch = Stretch::Yes);
     Property<marrowfen::Picture> Picture;
     const Stretch stretch;
@@ -40,6 +42,7 @@ enum class DragMode : std::uint8_t { None, Automatic };
 /// starts a drag.
 class PictureBox final : public Control {
 public:
+    [[nodiscard]] AnyControl any() override { return this; }
     PictureBox(Form& form, const Rect& bounds, std::optional<Colour> back, DragMode drag_mode = DragMode::None);
     Property<marrowfen::Picture> Picture;
     const std::optional<Colour> back;  ///< none: what lies below shows through
@@ -50,6 +53,7 @@ public:
 /// A rectangle that only decorates: the mouse goes through it.
 class Shape final : public Control {
 public:
+    [[nodiscard]] AnyControl any() override { return this; }
     struct Style {
         std::optional<Colour> fill{};
         std::optional<Colour> outline{};
@@ -62,10 +66,41 @@ public:
     [[nodiscard]] Twips overhang() const override { return style.outline_pixels * kTwipsPerPixel; }
 };
 
+/// A disc, or a sector of one, painted upon what was painted before.
+struct Disc {
+    /// Radians, counter-clockwise from three o'clock. The sector runs counter-clockwise from |start| to |end|.
+    struct Sector {
+        float start = 0;
+        float end = 0;
+    };
+    std::optional<Sector> sector;  ///< none: the whole disc
+    Colour outline;
+    Colour fill;
+};
+
+/// A round face that is painted disc by disc, and bare at first. Nothing wipes it clean.
+class Dial final : public Control {
+public:
+    Dial(Form& form, Point centre, Twips radius);
+    [[nodiscard]] AnyControl any() override { return this; }
+    void draw(const Disc& disc);
+    [[nodiscard]] const std::vector<Disc>& drawn() const { return drawn_; }  ///< but for what later discs hide
+    [[nodiscard]] bool takes_mouse() const override { return false; }
+    [[nodiscard]] Twips overhang() const override { return kTwipsPerPixel; }
+
+private:
+    std::vector<Disc> drawn_;
+};
+
+/// How far a sector reaches, in degrees counter-clockwise, from 0 up to 360.
+[[nodiscard]] double span_of(const Disc::Sector& sector);
+[[nodiscard]] double degrees(float radians);  ///< of the angle's size, whatever its sign
+
 /// One line of text. An editable box is a real text field of the desktop; a read-only one is painted, and a text that
 /// is too long for it ends in an ellipsis.
 class TextBox final : public Control {
 public:
+    [[nodiscard]] AnyControl any() override { return this; }
     enum class Mode : std::uint8_t { Editable, ReadOnly };
     static constexpr std::size_t kNoLimit = 32767;
     struct Style {
@@ -81,12 +116,16 @@ public:
     const Mode mode;
     const Style style;
     const std::size_t max_length;  ///< in characters
+    /// The user has typed: what is more than `max_length` is dropped.
+    void edit(std::string_view text);
     [[nodiscard]] bool takes_focus() const override { return mode == Mode::Editable; }
+    [[nodiscard]] bool is_field() const override { return mode == Mode::Editable; }
 };
 
 /// A list of lines, of which one at most is selected.
 class ListBox final : public Control {
 public:
+    [[nodiscard]] AnyControl any() override { return this; }
     struct Style {
         marrowfen::Font font;
         Colour fore = kRed;
@@ -105,6 +144,7 @@ public:
     [[nodiscard]] std::size_t selected_count() const { return selected_ ? 1 : 0; }
     [[nodiscard]] std::string text() const;  ///< of the selected entry; empty when none is
     [[nodiscard]] bool takes_focus() const override { return true; }
+    [[nodiscard]] bool is_field() const override { return true; }
 
 private:
     std::vector<std::string> entries_;
@@ -114,6 +154,7 @@ private:
 /// A drop-down list under a box into which nothing can be typed. The box can show a text that is not in the list.
 class ComboBox final : public Control {
 public:
+    [[nodiscard]] AnyControl any() override { return this; }
     ComboBox(Form& form, const Rect& bounds, const ListBox::Style& style);
     Property<std::string> Text;  ///< what the box shows
     const ListBox::Style style;
@@ -123,6 +164,7 @@ public:
     void choose(std::size_t index);  ///< the user picks an entry: the box shows it, and the click is told
     [[nodiscard]] const std::vector<std::string>& entries() const { return entries_; }
     [[nodiscard]] bool takes_focus() const override { return true; }
+    [[nodiscard]] bool is_field() const override { return true; }
 
 private:
     std::vector<std::string> entries_;

@@ -4,9 +4,11 @@
 #include <ranges>
 #include <utility>
 
+#include "platform/match.h"
+
 namespace marrowfen {
 
-Desktop::Desktop(Display& display) : display_(display) {}
+Desktop::Desktop(Display& display) : display_(display), screen_(display.screen()) {}
 
 Desktop::~Desktop() = default;
 
@@ -41,9 +43,9 @@ void Desktop::unload(Form& form) {
     const auto place = std::ranges::find(forms_, &form, &std::unique_ptr<Form>::get);
     if (place == forms_.end()) return;
     for (Timer* timer : form.timers_) timer->disable();
-    if (captured_ != nullptr && &captured_->form() == &form) captured_ = nullptr;
-    if (under_drag_ != nullptr && &under_drag_->form() == &form) under_drag_ = nullptr;
-    if (drag_ && &drag_->source->form() == &form) end_drag();
+    mouse_.forget(form);
+    keyboard_.forget(form);
+    if (dropped_ != nullptr && &dropped_->form() == &form) dropped_ = nullptr;
     form.visible_ = false;
     pending_deletion_.push_back(std::move(*place));
     forms_.erase(place);
@@ -60,26 +62,28 @@ void Desktop::raise(Form& form) {
     const auto place = std::ranges::find(forms_, &form, &std::unique_ptr<Form>::get);
     if (place == forms_.end()) return;
     std::rotate(place, place + 1, forms_.end());
-    std::ranges::stable_partition(
-        forms_, [](const std::unique_ptr<Form>& other) { return other->design().level == Level::Ordinary; });
+    std::ranges::stable_sort(forms_, {}, [](const std::unique_ptr<Form>& other) { return other->design().level; });
     rearranged();
 }
 
-// Two forms that both refuse to lose the active state would hand it to and fro for ever. The first to take it back
-// keeps it: that is the message, which must be answered.
+// Nothing takes the active state from a message, not even a form that shows itself over it: it must be answered.
 void Desktop::activate(Form& form) {
-    constexpr int kMostReactivations = 2;
-    if (active_ == &form || !is_loaded(form) || reactivations_ >= kMostReactivations) return;
+    const Form* on_top = message();
+    if (active_ == &form || !is_loaded(form) || (on_top != nullptr && on_top != &form)) return;
     Form* before = std::exchange(active_, &form);
     if (form.focus_ == nullptr) form.focus_ = form.first_to_take_focus();
     rearranged();
     if (before != nullptr) {
-        ++reactivations_;
         if (before->focus_ != nullptr && before->focus_->on_lost_focus) before->focus_->on_lost_focus();
         before->deactivated();
-        --reactivations_;
     }
     if (active_ == &form) form.activated();
+}
+
+Form* Desktop::message() const {
+    const auto found = std::ranges::find_if(
+        forms_, [](const auto& form) { return form->visible_ && form->design().level == Level::Message; });
+    return found == forms_.end() ? nullptr : found->get();
 }
 
 void Desktop::activate_next() {
@@ -123,8 +127,6 @@ bool Desktop::is_loaded(const Form& form) const {
     return std::ranges::find(forms_, &form, &std::unique_ptr<Form>::get) != forms_.end();
 }
 
-bool Desktop::is_live(const Control* control) const { return control != nullptr && is_loaded(control->form()); }
-
 std::vector<Form*> Desktop::visible_forms() const {
     std::vector<Form*> visible;
     for (const auto& form : forms_) {
@@ -140,42 +142,52 @@ Form* Desktop::form_at(Point on_screen) const {
     return hit == from_top.end() ? nullptr : hit->get();
 }
 
-bool Desktop::key_down(const KeyEvent& event) {
+Taker Desktop::handle(const InputEvent& event) {
     const HandlerScope handler_scope(*this);
-    Form* form = active_;
-    if (form == nullptr) return false;
-    if (form->design().key_preview == KeyPreview::Yes) form->key_down(event);
-    if (active_ != form) return true;  // the form that the key was for has gone
-    auto* list = dynamic_cast<ListBox*>(form->focus_);
-    if (event.key != Key::Enter || list == nullptr || !list->on_enter_key) return false;
-    list->on_enter_key();
-    return true;
+    return std::visit(Match{
+                          [&](const MousePress& press) { return mouse_.handle(press, event.time); },
+                          [&](const MouseMove& move) { return mouse_.handle(move, event.time); },
+                          [&](const MouseRelease& release) { return mouse_.handle(release, event.time); },
+                          [&](const WheelTurn& turn) { return mouse_.handle(turn); },
+                          [&](const KeyDown& key) { return keyboard_.handle(key); },
+                          [&](const KeyUp& key) { return keyboard_.handle(key); },
+                          [&](const auto& other) { return take(other); },
+                      },
+                      event.what);
 }
 
-bool Desktop::key_pressed(char32_t character) {
-    const HandlerScope handler_scope(*this);
-    KeyPress press{character};
-    Form* form = active_;
-    if (form == nullptr) return false;
-    if (form->design().key_preview == KeyPreview::Yes) form->key_pressed(press);
-    Control* focus = form->focus_;
-    if (!press.swallowed() && is_live(focus) && focus->on_key_press) focus->on_key_press(press);
-    return press.swallowed() || active_ != form;
+Taker Desktop::take(const TextEdit& edit) {
+    if (is_loaded(edit.box->form())) edit.box->edit(edit.text);
+    return Taker::Forms;
 }
 
-void Desktop::key_released(const KeyEvent& event) {
-    const HandlerScope handler_scope(*this);
-    if (active_ == nullptr || active_->focus_ == nullptr || !active_->focus_->on_key_up) return;
-    active_->focus_->on_key_up(event);
+Taker Desktop::take(const RowChoice& choice) {
+    if (auto* list = as<ListBox>(choice.list)) list->select(choice.row);
+    if (auto* combo = as<ComboBox>(choice.list)) combo->choose(choice.row);
+    return Taker::Forms;
 }
 
-void Desktop::ticked(Timer& timer) {
-    const HandlerScope handler_scope(*this);
-    if (timer.enabled()) timer.tick();
+Taker Desktop::take(const ListDrop& drop) {
+    if (drop.open) {
+        dropped_ = drop.list;
+    } else if (dropped_ == drop.list) {
+        dropped_ = nullptr;
+    }
+    return Taker::Forms;
 }
 
-void Desktop::screen_changed() {
-    const HandlerScope handler_scope(*this);
+Taker Desktop::take(const Tick& tick) {
+    if (tick.timer->enabled()) tick.timer->tick();
+    return Taker::Forms;
+}
+
+Taker Desktop::take(const CloseRequest&) {
+    if (on_close_request) on_close_request();
+    return Taker::Forms;
+}
+
+Taker Desktop::take(const ScreenSize& size) {
+    screen_ = size.screen;
     // The board's companions take their places from the board, which lies below them.
     std::vector<Form*> forms(forms_.size());
     std::ranges::transform(forms_, forms.begin(), &std::unique_ptr<Form>::get);
@@ -186,6 +198,7 @@ void Desktop::screen_changed() {
         if (form->displayed_ && Size{form->Width, form->Height} != before) form->resized();
     }
     rearranged();
+    return Taker::Forms;
 }
 
 void Desktop::changed(const Form& form, const Rect& part) {

@@ -1,25 +1,28 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
 
 #include "platform/forms/display.h"
 #include "platform/forms/form.h"
+#include "platform/forms/keyboard.h"
+#include "platform/forms/mouse.h"
 
 namespace marrowfen {
 
-/// The window system of the program inside its one real window: stacking, activation, focus, hit testing, mouse
-/// capture, automatic drag, timers, yields and the life of forms. Everything happens on one thread.
+/// The window system of the program inside its one real window: stacking, activation, focus, input, timers, yields and
+/// the life of forms. Everything happens on one thread.
 ///
 /// Handlers re-enter: a form may be unloaded while one of its own handlers runs. It leaves the screen at once, and the
 /// object lives until the last handler on the stack has returned.
-class Desktop {
+class Desktop final : public InputSink {
 public:
     explicit Desktop(Display& display);
     Desktop(const Desktop&) = delete;
     Desktop& operator=(const Desktop&) = delete;
-    ~Desktop();
+    ~Desktop() override;
 
     // What forms ask for.
     Form& load(std::unique_ptr<Form> form);  ///< runs its load handler; nothing comes on the screen yet
@@ -30,32 +33,18 @@ public:
     void repaint_now(Form& form);
     void yield();  ///< lets waiting events run: anything may have happened when it returns
     [[nodiscard]] bool is_loaded(const Form& form) const;
-    [[nodiscard]] Size screen() const { return display_.screen(); }
+    [[nodiscard]] Size screen() const { return screen_; }
 
     // What the adapter reads.
-    struct Drag {
-        PictureBox* source = nullptr;
-        Point pointer;
-    };
     [[nodiscard]] std::vector<Form*> visible_forms() const;  ///< from the bottom to the top
     [[nodiscard]] Form* active() const { return active_; }
-    [[nodiscard]] const std::optional<Drag>& drag() const { return drag_; }
+    [[nodiscard]] const std::optional<Mouse::Drag>& drag() const { return mouse_.drag(); }
     [[nodiscard]] Form* form_at(Point on_screen) const;
+    [[nodiscard]] ComboBox* dropped_list() const { return dropped_; }  ///< nullptr: none has dropped down
 
-    // Raw input from the adapter; points are twips on the screen. The key calls tell whether the key was swallowed.
-    void mouse_pressed(Point pointer);
-    void mouse_moved(Point pointer);
-    void mouse_released(Point pointer);
-    [[nodiscard]] bool key_down(const KeyEvent& event);
-    [[nodiscard]] bool key_pressed(char32_t character);
-    void key_released(const KeyEvent& event);
-    void clicked_into(Control& control);  ///< a real widget took the press: it is active and has the focus now
-    void text_edited(TextBox& box, std::string text);
-    void selected(ListBox& list, std::size_t index);
-    void double_clicked(ListBox& list);
-    void chosen(ComboBox& combo, std::size_t index);
-    void ticked(Timer& timer);
-    void screen_changed();  ///< another resolution: every form finds its place anew
+    /// All that happens from outside comes in here.
+    Taker handle(const InputEvent& event) override;
+    std::function<void()> on_close_request;  ///< of the window system. The program ends when it unloads the last form
 
     // What controls and timers tell.
     void changed(const Form& form, const Rect& part);
@@ -77,25 +66,30 @@ private:
         Desktop& desktop_;
     };
 
+    friend class Keyboard;
+    friend class Mouse;
+    Taker take(const TextEdit& edit);
+    Taker take(const RowChoice& choice);
+    Taker take(const ListDrop& drop);
+    Taker take(const Tick& tick);
+    Taker take(const ScreenSize& size);
+    Taker take(const CloseRequest& request);
+
     void activate(Form& form);
     void activate_next();
     void raise(Form& form);
     void give_focus(Control* control);
-    [[nodiscard]] PictureBox* drop_target(Point pointer) const;
-    void dragged_to(Point pointer);
-    void drop(PictureBox& source, Point pointer);
-    void end_drag();
-    [[nodiscard]] bool is_live(const Control* control) const;
+    [[nodiscard]] Form* message() const;  ///< on the screen; nullptr: none is
 
     Display& display_;
     std::vector<std::unique_ptr<Form>> forms_;             // loaded ones, from the bottom to the top
     std::vector<std::unique_ptr<Form>> pending_deletion_;  // unloaded, but a handler may still be inside
     Form* active_ = nullptr;
-    Control* captured_ = nullptr;
-    std::optional<Drag> drag_;
-    PictureBox* under_drag_ = nullptr;
+    ComboBox* dropped_ = nullptr;
+    Size screen_;
+    Keyboard keyboard_{*this};
+    Mouse mouse_{*this};
     int handlers_ = 0;
-    int reactivations_ = 0;
 };
 
 }  // namespace marrowfen

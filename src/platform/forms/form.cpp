@@ -32,12 +32,6 @@ void Form::place() {
     }
 }
 
-void Form::draw(const Disc& disc) {
-    drawn_.push_back(disc);
-    changed({disc.centre.x - disc.radius - kTwipsPerPixel, disc.centre.y - disc.radius - kTwipsPerPixel,
-             2 * (disc.radius + kTwipsPerPixel), 2 * (disc.radius + kTwipsPerPixel)});
-}
-
 Control* Form::control_at(Point on_form) const {
     const auto from_top = controls_ | std::views::reverse;
     const auto hit = std::ranges::find_if(from_top, [&](const Control* control) {

@@ -10,7 +10,8 @@ namespace marrowfen {
 
 class Desktop;
 
-enum class Level : std::uint8_t { Ordinary, TopMost };
+/// From below to above. While a message is on the screen it is the active form, whatever is clicked or shown.
+enum class Level : std::uint8_t { Ordinary, TopMost, Message };
 enum class Placement : std::uint8_t { Maximised, Centred, Own };
 enum class Border : std::uint8_t { None, Thin };
 enum class KeyPreview : std::uint8_t { No, Yes };
@@ -22,20 +23,6 @@ struct FormDesign {
     KeyPreview key_preview = KeyPreview::No;
     Border border = Border::None;
     Colour back = kYellow;
-};
-
-/// A disc, or a sector of one, that was drawn on a form and stays there until the form goes.
-struct Disc {
-    /// Radians, counter-clockwise from three o'clock. The sector runs counter-clockwise from |start| to |end|.
-    struct Sector {
-        float start = 0;
-        float end = 0;
-    };
-    Point centre;
-    Twips radius = 0;
-    std::optional<Sector> sector;  ///< none: the whole disc
-    Colour outline;
-    Colour fill;
 };
 
 /// A window of the program. Handlers are told in the order load, activated, resized when it is first shown.
@@ -50,7 +37,6 @@ public:
     Property<Twips> Top;
     Property<Twips> Width;
     Property<Twips> Height;
-    Colour FillColor = kRed;  ///< of what is drawn next
 
     virtual void load() {}
     virtual void activated() {}    ///< has become the active form
@@ -60,9 +46,6 @@ public:
     virtual void key_pressed(KeyPress&) {}  ///< comes first with key preview on, never without
     /// Puts the form where it belongs. Asked before the load and whenever the screen has changed.
     virtual void place();
-
-    void draw(const Disc& disc);  ///< over the pictures, on top of what was drawn before
-    [[nodiscard]] const std::vector<Disc>& drawn() const { return drawn_; }
 
     [[nodiscard]] Desktop& desktop() const { return desktop_; }
     [[nodiscard]] const FormDesign& design() const { return design_; }
@@ -86,7 +69,6 @@ private:
     FormDesign design_;
     std::vector<Control*> controls_;
     std::vector<Timer*> timers_;
-    std::vector<Disc> drawn_;
     Control* focus_ = nullptr;
     bool visible_ = false;
     bool displayed_ = false;

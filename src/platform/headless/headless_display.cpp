@@ -4,6 +4,19 @@
 
 namespace marrowfen {
 
+namespace {
+
+std::string utf8(char32_t code) {
+    const auto byte = [](char32_t bits) { return static_cast<char>(static_cast<unsigned char>(bits)); };
+    const auto tail = [&](unsigned shift) { return byte(0x80U | (code >> shift & 0x3FU)); };
+    if (code < 0x80U) return {byte(code)};
+    if (code < 0x800U) return {byte(0xC0U | code >> 6U), tail(0)};
+    if (code < 0x10000U) return {byte(0xE0U | code >> 12U), tail(6), tail(0)};
+    return {byte(0xF0U | code >> 18U), tail(12), tail(6), tail(0)};
+}
+
+}  // namespace
+
 void HeadlessDisplay::pass(std::chrono::milliseconds time) {
     const auto until = now_ + time;
     while (!due_.empty()) {
@@ -12,9 +25,50 @@ void HeadlessDisplay::pass(std::chrono::milliseconds time) {
         now_ = next->second;
         Timer& timer = *next->first;
         next->second += timer.interval();
-        desktop_->ticked(timer);
+        tell(Tick{&timer});
     }
     now_ = until;
+}
+
+void HeadlessDisplay::idle(std::chrono::milliseconds time) {
+    now_ += time;
+    for (auto& [timer, due] : due_) due += time;
+}
+
+Taker HeadlessDisplay::press(Point at, std::optional<std::size_t> row, MouseButton button) {
+    held_.bits |= static_cast<std::uint8_t>(button);
+    return tell(MousePress{at, button, held_, row});
+}
+
+Taker HeadlessDisplay::release(Point at, MouseButton button) {
+    held_.bits &= static_cast<std::uint8_t>(~static_cast<std::uint8_t>(button));
+    return tell(MouseRelease{at, button});
+}
+
+void HeadlessDisplay::click(Point at, std::optional<std::size_t> row) {
+    press(at, row);
+    release(at);
+}
+
+void HeadlessDisplay::pick(ComboBox& list, std::size_t row, Point at) {
+    const bool drops = press(at) == Taker::Field;
+    if (drops) tell(ListDrop{&list, true});
+    release(at);
+    if (!drops) return;
+    const bool picks = press(at, row) == Taker::Field;
+    tell(ListDrop{&list, false});
+    if (picks) tell(RowChoice{&list, row});
+    release(at);
+}
+
+void HeadlessDisplay::strike(const KeyDown& key, const Desktop& desktop) {
+    if (tell(key) == Taker::Field && key.character >= U' ' && !key.alt) {
+        Form* active = desktop.active();
+        if (auto* box = as<TextBox>(active == nullptr ? nullptr : active->focus())) {
+            tell(TextEdit{box, box->Text.get() + utf8(key.character)});
+        }
+    }
+    tell(KeyUp{key.key, key.alt});
 }
 
 void HeadlessDisplay::during_yield(std::function<void()> event, std::size_t skipped) {
@@ -23,7 +77,7 @@ void HeadlessDisplay::during_yield(std::function<void()> event, std::size_t skip
 
 void HeadlessDisplay::resize(Size screen) {
     screen_ = screen;
-    desktop_->screen_changed();
+    tell(ScreenSize{screen});
 }
 
 void HeadlessDisplay::closed(const Form& form) { std::erase(repainted_, &form); }

@@ -12,10 +12,24 @@ namespace marrowfen {
 class HeadlessDisplay final : public Display {
 public:
     explicit HeadlessDisplay(Size screen = {15360, 11520}) : screen_(screen) {}
-    void attach(Desktop& desktop) { desktop_ = &desktop; }
+    void attach(InputSink& sink) { sink_ = &sink; }
 
     /// Lets time pass in milliseconds; timers tick in the order in which they fall due.
     void pass(std::chrono::milliseconds time);
+    /// Lets time pass in which no timer comes nearer to its tick.
+    void idle(std::chrono::milliseconds time);
+    Taker tell(InputEvent::What what) { return sink_->handle({now_, std::move(what)}); }
+
+    // A mouse and a keyboard, and what a toolkit's own fields make of them.
+    Taker press(Point at, std::optional<std::size_t> row = {}, MouseButton button = MouseButton::Left);
+    Taker move(Point at) { return tell(MouseMove{at, held_}); }
+    Taker release(Point at, MouseButton button = MouseButton::Left);
+    void click(Point at, std::optional<std::size_t> row = {});
+    /// Drops the list down and clicks on a row of it.
+    void pick(ComboBox& list, std::size_t row, Point at);
+    /// Down and up. If it turns out to be for a text box, the box gets the character.
+    void strike(const KeyDown& key, const Desktop& desktop);
+
     /// Runs once, inside the yield that comes after `skipped` others.
     void during_yield(std::function<void()> event, std::size_t skipped = 0);
     void resize(Size screen);
@@ -37,9 +51,10 @@ public:
 
 private:
     Size screen_;
-    Desktop* desktop_ = nullptr;
+    InputSink* sink_ = nullptr;
     std::chrono::milliseconds now_{0};
     std::map<Timer*, std::chrono::milliseconds> due_;
+    MouseButtons held_;
     std::multimap<std::size_t, std::function<void()>> waiting_;  // by the number of the yield
     std::vector<const Form*> repainted_;
     std::size_t yields_ = 0;

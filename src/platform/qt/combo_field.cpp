@@ -3,16 +3,16 @@
 #include <QAbstractItemView>
 #include <QPainter>
 #include <QPainterPath>
-#include <QWheelEvent>
 #include <algorithm>
 
-#include "platform/forms/desktop.h"
+#include "platform/qt/events.h"
 #include "platform/qt/house_style.h"
 #include "platform/qt/list_field.h"
 
 namespace marrowfen {
 
-ComboField::ComboField(Desktop& desktop, ComboBox& combo, QWidget* parent) : QComboBox(parent), combo_(&combo) {
+ComboField::ComboField(Events& events, ComboBox& combo, QWidget* parent)
+    : QComboBox(parent), events_(events), combo_(&combo) {
     constexpr int kMostRows = 8;  // they fit below the box
     setMaxVisibleItems(kMostRows);
     setItemDelegate(new RoomyRows(this));
@@ -21,9 +21,10 @@ ComboField::ComboField(Desktop& desktop, ComboBox& combo, QWidget* parent) : QCo
     view()->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     view()->setTextElideMode(Qt::ElideRight);
     // "activated" tells every pick, also of the entry that the box shows already.
-    connect(this, &QComboBox::activated, this, [this, &desktop](int index) {
-        if (combo_ != nullptr && index >= 0) desktop.chosen(*combo_, static_cast<std::size_t>(index));
+    connect(this, &QComboBox::activated, this, [this](int index) {
+        if (combo_ != nullptr && index >= 0) events_.tell(RowChoice{combo_, static_cast<std::size_t>(index)});
     });
+    view()->window()->installEventFilter(this);
 }
 
 void ComboField::refresh() {
@@ -74,7 +75,12 @@ void ComboField::paintEvent(QPaintEvent*) {
                      fontMetrics().elidedText(shown_, Qt::ElideRight, text.width()));
 }
 
-// A wheel that turns by chance must not choose another pupil.
-void ComboField::wheelEvent(QWheelEvent* event) { event->ignore(); }
+bool ComboField::eventFilter(QObject* watched, QEvent* event) {
+    const bool is_drop = event->type() == QEvent::Show || event->type() == QEvent::Hide;
+    if (is_drop && combo_ != nullptr && watched == view()->window()) {
+        events_.tell(ListDrop{combo_, event->type() == QEvent::Show});
+    }
+    return QComboBox::eventFilter(watched, event);
+}
 
 }  // namespace marrowfen

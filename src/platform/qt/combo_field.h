@@ -12,7 +12,7 @@ namespace marrowfen {
 /// A drop-down list whose box shows what the control says, be it in the list or not.
 class ComboField final : public QComboBox, public Field {
 public:
-    ComboField(Desktop& desktop, ComboBox& combo, QWidget* parent);
+    ComboField(Events& events, ComboBox& combo, QWidget* parent);
     [[nodiscard]] QWidget& widget() override { return *this; }
     void refresh() override;
     void resize_to(const Scale& scale, const Typefaces& faces) override;
@@ -22,9 +22,10 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-    void wheelEvent(QWheelEvent* event) override;
+    [[nodiscard]] bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    Events& events_;
     ComboBox* combo_;
     std::vector<std::string> entries_;  // as they are in the list
     QString shown_;

@@ -2,6 +2,7 @@
 
 #include <QPainter>
 
+#include "platform/forms/controls.h"
 #include "platform/qt/house_style.h"
 
 namespace marrowfen {
@@ -11,7 +12,7 @@ DragView::DragView(const Surroundings& surroundings, QWidget* parent) : QWidget(
     hide();
 }
 
-void DragView::follow(const std::optional<Desktop::Drag>& drag) {
+void DragView::follow(const std::optional<Mouse::Drag>& drag) {
     if (!drag) {
         if (std::exchange(lifted_, nullptr) != nullptr) hide();
         return;

@@ -3,7 +3,7 @@
 #include <QPixmap>
 #include <QWidget>
 
-#include "platform/forms/desktop.h"
+#include "platform/forms/mouse.h"
 #include "platform/qt/surroundings.h"
 
 namespace marrowfen {
@@ -12,7 +12,7 @@ namespace marrowfen {
 class DragView final : public QWidget {
 public:
     DragView(const Surroundings& surroundings, QWidget* parent);
-    void follow(const std::optional<Desktop::Drag>& drag);
+    void follow(const std::optional<Mouse::Drag>& drag);
 
 protected:
     void paintEvent(QPaintEvent* event) override;

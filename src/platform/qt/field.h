@@ -9,7 +9,7 @@
 namespace marrowfen {
 
 class Control;
-class Desktop;
+class Events;
 
 /// A real widget that stands for a control into which one types or from which one chooses. It tells the desktop what
 /// the user does, and takes over what the control says.
@@ -28,6 +28,6 @@ public:
 };
 
 /// nullptr for a control that is only painted. The widget belongs to its parent.
-[[nodiscard]] Field* new_field(Desktop& desktop, Control& control, QWidget& parent);
+[[nodiscard]] Field* new_field(Events& events, Control& control, QWidget& parent);
 
 }  // namespace marrowfen

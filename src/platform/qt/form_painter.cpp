@@ -2,9 +2,8 @@
 
 #include <QPainter>
 #include <QPainterPath>
-#include <cmath>
-#include <numbers>
 
+#include "platform/match.h"
 #include "platform/qt/fitted_text.h"
 #include "platform/qt/house_style.h"
 
@@ -31,23 +30,6 @@ QRectF inside(const QRect& bounds, double line) {
 
 QPen line(const QColor& colour, double width) { return {colour, width, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin}; }
 
-double degrees(float radians) { return static_cast<double>(std::abs(radians)) * 180 / std::numbers::pi; }
-
-double turn(double from, double to) {
-    const double span = std::fmod(to - from, 360.0);
-    return span < 0 ? span + 360 : span;
-}
-
-double turn(const Disc::Sector& sector) { return turn(degrees(sector.start), degrees(sector.end)); }
-
-// A stopwatch draws its growing hand anew each second: only the last one needs paint.
-bool hides(const Disc& upper, const Disc& lower) {
-    if (upper.centre != lower.centre || upper.radius != lower.radius || upper.outline != lower.outline) return false;
-    if (!upper.sector || !lower.sector) return !upper.sector;
-    const double from = turn(degrees(upper.sector->start), degrees(lower.sector->start));
-    return from + turn(*lower.sector) <= turn(*upper.sector);
-}
-
 }  // namespace
 
 QRect with_overhang(const QRect& bounds, const Scale& scale) {
@@ -70,28 +52,31 @@ void FormPainter::paint(QPainter& painter, const QRegion& dirty) {
         painter.setBrush(Qt::NoBrush);
         painter.drawRect(inside(whole, width));
     }
-    for (const Control* control : form_.controls()) {
+    for (Control* control : form_.controls()) {
         const QRect bounds = on_screen(control->bounds());
         if (control->Visible && dirty.intersects(scale_.widget(with_overhang(bounds, scale_)))) {
             paint(painter, *control, bounds);
         }
     }
-    if (!form_.drawn().empty()) paint_discs(painter);
 }
 
-void FormPainter::paint(QPainter& painter, const Control& control, const QRect& bounds) {
-    if (const auto* label = dynamic_cast<const Label*>(&control)) {
-        paint_label(painter, *label, bounds);
-    } else if (const auto* image = dynamic_cast<const Image*>(&control)) {
-        paint_picture(painter, control, image->Picture, image->stretch, bounds);
-    } else if (const auto* box = dynamic_cast<const PictureBox*>(&control)) {
-        if (box->back) painter.fillRect(bounds, to_qt(*box->back));
-        paint_picture(painter, control, box->Picture, Stretch::Yes, bounds);
-    } else if (const auto* shape = dynamic_cast<const Shape*>(&control)) {
-        paint_shape(painter, *shape, bounds);
-    } else if (const auto* text = dynamic_cast<const TextBox*>(&control)) {
-        if (text->mode == TextBox::Mode::ReadOnly) paint_text_box(painter, *text, bounds);
-    }
+void FormPainter::paint(QPainter& painter, Control& control, const QRect& bounds) {
+    std::visit(Match{
+                   [&](const Label* label) { paint_label(painter, *label, bounds); },
+                   [&](const Image* image) { paint_picture(painter, control, image->Picture, image->stretch, bounds); },
+                   [&](const PictureBox* box) {
+                       if (box->back) painter.fillRect(bounds, to_qt(*box->back));
+                       paint_picture(painter, control, box->Picture, Stretch::Yes, bounds);
+                   },
+                   [&](const Shape* shape) { paint_shape(painter, *shape, bounds); },
+                   [&](const Dial* dial) { paint_dial(painter, *dial); },
+                   [&](const TextBox* box) {
+                       if (!box->is_field()) paint_text_box(painter, *box, bounds);
+                   },
+                   [](const ListBox*) {},
+                   [](const ComboBox*) {},
+               },
+               control.any());
 }
 
 void FormPainter::paint_label(QPainter& painter, const Label& label, const QRect& bounds) const {
@@ -147,22 +132,20 @@ void FormPainter::paint_picture(QPainter& painter, const Control& control, const
     if (!kept.pixmap.isNull()) painter.drawPixmap(bounds.topLeft(), kept.pixmap);
 }
 
-void FormPainter::paint_discs(QPainter& painter) const {
-    const std::vector<Disc>& discs = form_.drawn();
-    for (std::size_t i = 0; i < discs.size(); ++i) {
-        const Disc& disc = discs[i];
-        if (i + 1 < discs.size() && hides(discs[i + 1], disc)) continue;
+void FormPainter::paint_dial(QPainter& painter, const Dial& dial) const {
+    const Rect bounds = dial.bounds();
+    const double radius = scale_.device(bounds.width / 2);
+    const QPointF centre(scale_.device(form_.Left + bounds.centre().x), scale_.device(form_.Top + bounds.centre().y));
+    for (const Disc& disc : dial.drawn()) {
         painter.setPen(line(to_qt(disc.outline), scale_.device_pixels(1)));
         painter.setBrush(to_qt(disc.fill));
-        const double radius = scale_.device(disc.radius);
-        const QPointF centre(scale_.device(form_.Left + disc.centre.x), scale_.device(form_.Top + disc.centre.y));
         if (!disc.sector) {
             painter.drawEllipse(centre, radius, radius);
             continue;
         }
         QPainterPath sector(centre);
         sector.arcTo(QRectF(centre.x() - radius, centre.y() - radius, 2 * radius, 2 * radius),
-                     degrees(disc.sector->start), turn(*disc.sector));
+                     degrees(disc.sector->start), span_of(*disc.sector));
         sector.closeSubpath();
         painter.drawPath(sector);
     }

@@ -34,13 +34,13 @@ private:
         QPixmap pixmap;
     };
 
-    void paint(QPainter& painter, const Control& control, const QRect& bounds);
+    void paint(QPainter& painter, Control& control, const QRect& bounds);
     void paint_label(QPainter& painter, const Label& label, const QRect& bounds) const;
     void paint_text_box(QPainter& painter, const TextBox& box, const QRect& bounds) const;
     void paint_shape(QPainter& painter, const Shape& shape, const QRect& bounds) const;
     void paint_picture(QPainter& painter, const Control& control, const Picture& picture, Stretch stretch,
                        const QRect& bounds);
-    void paint_discs(QPainter& painter) const;
+    void paint_dial(QPainter& painter, const Dial& dial) const;
     [[nodiscard]] QRect on_screen(const Rect& on_form) const;
     [[nodiscard]] int smallest_text() const { return scale_.device_pixels(6); }
 

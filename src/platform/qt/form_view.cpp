@@ -3,7 +3,7 @@
 #include <QPaintEvent>
 #include <QPainter>
 
-#include "platform/forms/desktop.h"
+#include "platform/match.h"
 #include "platform/qt/combo_field.h"
 #include "platform/qt/list_field.h"
 #include "platform/qt/text_field.h"
@@ -15,22 +15,28 @@ namespace {
 // The text on the left of a field, or above it, says what it is for: that is what a screen reader tells.
 QString name_of(const Control& field) {
     QString name;
-    for (const Control* control : field.form().controls()) {
+    for (Control* control : field.form().controls()) {
         if (control == &field) break;
-        if (const auto* label = dynamic_cast<const Label*>(control)) name = QString::fromStdString(label->Caption);
+        if (const auto* label = as<Label>(control)) name = QString::fromStdString(label->Caption);
     }
     return name;
 }
 
 }  // namespace
 
-Field* new_field(Desktop& desktop, Control& control, QWidget& parent) {
-    if (auto* box = dynamic_cast<TextBox*>(&control)) {
-        return box->mode == TextBox::Mode::Editable ? new TextField(desktop, *box, &parent) : nullptr;
-    }
-    if (auto* list = dynamic_cast<ListBox*>(&control)) return new ListField(desktop, *list, &parent);
-    if (auto* combo = dynamic_cast<ComboBox*>(&control)) return new ComboField(desktop, *combo, &parent);
-    return nullptr;
+Field* new_field(Events& events, Control& control, QWidget& parent) {
+    return std::visit(
+        Match{
+            [&](TextBox* box) -> Field* { return box->is_field() ? new TextField(events, *box, &parent) : nullptr; },
+            [&](ListBox* list) -> Field* { return new ListField(events, *list, &parent); },
+            [&](ComboBox* combo) -> Field* { return new ComboField(events, *combo, &parent); },
+            [](Label*) -> Field* { return nullptr; },
+            [](Image*) -> Field* { return nullptr; },
+            [](PictureBox*) -> Field* { return nullptr; },
+            [](Shape*) -> Field* { return nullptr; },
+            [](Dial*) -> Field* { return nullptr; },
+        },
+        control.any());
 }
 
 FormView::FormView(const Surroundings& surroundings, Form& form, QWidget* parent)
@@ -39,7 +45,7 @@ FormView::FormView(const Surroundings& surroundings, Form& form, QWidget* parent
       form_(form),
       painter_(form, surroundings.scale, surroundings.faces, surroundings.pictures) {
     for (Control* control : form.controls()) {
-        Field* field = new_field(*surroundings.desktop, *control, *this);
+        Field* field = new_field(*surroundings.events, *control, *this);
         if (field == nullptr) continue;
         field->widget().setAccessibleName(name_of(*control));
         fields_.emplace(control, field);
@@ -47,13 +53,6 @@ FormView::FormView(const Surroundings& surroundings, Form& form, QWidget* parent
     lay_out();
     fields_changed_ = true;
     refresh_fields();
-}
-
-Control* FormView::control_of(const QWidget* field) const {
-    for (const auto& [control, candidate] : fields_) {
-        if (&candidate->widget() == field) return control;
-    }
-    return nullptr;
 }
 
 QWidget* FormView::widget_for_focus() const {

@@ -16,7 +16,6 @@ public:
     FormView(const Surroundings& surroundings, Form& form, QWidget* parent);
 
     [[nodiscard]] const Form& form() const { return form_; }
-    [[nodiscard]] Control* control_of(const QWidget* field) const;  ///< nullptr: none of this form's fields
     [[nodiscard]] QWidget* widget_for_focus() const;
 
     void lay_out();                  ///< places itself where the form is now, in the scale of now

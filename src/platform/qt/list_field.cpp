@@ -1,11 +1,10 @@
 #include "platform/qt/list_field.h"
 
 #include <QKeyEvent>
-#include <QMouseEvent>
 #include <QScopedValueRollback>
 #include <algorithm>
 
-#include "platform/forms/desktop.h"
+#include "platform/qt/events.h"
 #include "platform/qt/house_style.h"
 
 namespace marrowfen {
@@ -27,8 +26,8 @@ QStringList to_qt(const std::vector<std::string>& entries) {
     return list;
 }
 
-ListField::ListField(Desktop& desktop, ListBox& list, QWidget* parent)
-    : QListView(parent), desktop_(desktop), list_(&list) {
+ListField::ListField(Events& events, ListBox& list, QWidget* parent)
+    : QListView(parent), events_(events), list_(&list) {
     setModel(&model_);
     setItemDelegate(new RoomyRows(this));
     setUniformItemSizes(true);
@@ -72,20 +71,6 @@ void ListField::resizeEvent(QResizeEvent* event) {
     QListView::resizeEvent(event);
 }
 
-void ListField::mousePressEvent(QMouseEvent* event) {
-    pressed_row_ = indexAt(event->position().toPoint()).row();
-    QListView::mousePressEvent(event);
-}
-
-// The second press counts only if the first one was in the same place: it may have been on a form that has gone since.
-void ListField::mouseDoubleClickEvent(QMouseEvent* event) {
-    const int row = indexAt(event->position().toPoint()).row();
-    const bool is_second = pressed_row_ == row;
-    pressed_row_.reset();
-    QListView::mouseDoubleClickEvent(event);
-    if (is_second && list_ != nullptr) desktop_.double_clicked(*list_);
-}
-
 void ListField::keyPressEvent(QKeyEvent* event) {
     const int key = event->key();
     const bool moves = key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_Home || key == Qt::Key_PageDown;
@@ -100,7 +85,9 @@ void ListField::selectionChanged(const QItemSelection& selected, const QItemSele
     QListView::selectionChanged(selected, deselected);
     const QModelIndex row = selected_row();
     if (refreshing_ || list_ == nullptr || !row.isValid()) return;
-    desktop_.selected(*list_, static_cast<std::size_t>(row.row()));
+    if (const auto chosen = static_cast<std::size_t>(row.row()); chosen != list_->selected()) {
+        events_.tell(RowChoice{list_, chosen});
+    }
 }
 
 // Nothing that a hand does clears the selection again, neither Ctrl nor a press below the last row.

@@ -4,7 +4,6 @@
 #include <QListView>
 #include <QStringListModel>
 #include <QStyledItemDelegate>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -28,7 +27,7 @@ protected:
 
 class ListField final : public QListView, public Field {
 public:
-    ListField(Desktop& desktop, ListBox& list, QWidget* parent);
+    ListField(Events& events, ListBox& list, QWidget* parent);
     [[nodiscard]] QWidget& widget() override { return *this; }
     void refresh() override;
     void resize_to(const Scale& scale, const Typefaces& faces) override;
@@ -36,8 +35,6 @@ public:
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
-    void mousePressEvent(QMouseEvent* event) override;
-    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
     [[nodiscard]] QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
@@ -46,12 +43,11 @@ protected:
 private:
     [[nodiscard]] QModelIndex selected_row() const;
 
-    Desktop& desktop_;
+    Events& events_;
     ListBox* list_;
     std::vector<std::string> entries_;  // as they are in the model
     QStringListModel model_;
     bool refreshing_ = false;
-    std::optional<int> pressed_row_;  // -1: below the last one
 };
 
 }  // namespace marrowfen

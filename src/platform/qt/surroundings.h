@@ -6,7 +6,7 @@
 
 namespace marrowfen {
 
-class Desktop;
+class Events;
 
 /// What every surface on the screen is drawn with.
 struct Surroundings {
@@ -15,7 +15,7 @@ struct Surroundings {
     Surroundings& operator=(const Surroundings&) = delete;
     ~Surroundings() = default;
 
-    Desktop* desktop = nullptr;  ///< nullptr until the display is attached to one
+    Events* events = nullptr;  ///< nullptr until the display is attached to a desktop
     Scale scale;
     const Typefaces faces;
     const Pictures pictures;

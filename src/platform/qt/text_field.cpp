@@ -2,18 +2,18 @@
 
 #include <algorithm>
 
-#include "platform/forms/desktop.h"
+#include "platform/qt/events.h"
 #include "platform/qt/house_style.h"
 
 namespace marrowfen {
 
-TextField::TextField(Desktop& desktop, TextBox& box, QWidget* parent) : QLineEdit(parent), box_(&box) {
+TextField::TextField(Events& events, TextBox& box, QWidget* parent) : QLineEdit(parent), box_(&box) {
     setMaxLength(static_cast<int>(std::min(box.max_length, TextBox::kNoLimit)));
     setFrame(box.style.framed);
     setContextMenuPolicy(Qt::NoContextMenu);
     setAcceptDrops(false);
-    connect(this, &QLineEdit::textEdited, this, [this, &desktop](const QString& edited) {
-        if (box_ != nullptr) desktop.text_edited(*box_, edited.toStdString());
+    connect(this, &QLineEdit::textEdited, this, [this, &events](const QString& edited) {
+        if (box_ != nullptr) events.tell(TextEdit{box_, edited.toStdString()});
     });
 }
 

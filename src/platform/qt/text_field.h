@@ -9,7 +9,7 @@ namespace marrowfen {
 
 class TextField final : public QLineEdit, public Field {
 public:
-    TextField(Desktop& desktop, TextBox& box, QWidget* parent);
+    TextField(Events& events, TextBox& box, QWidget* parent);
     [[nodiscard]] QWidget& widget() override { return *this; }
     void refresh() override;
     void resize_to(const Scale& scale, const Typefaces& faces) override;

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "platform/forms/input.h"
+
+namespace marrowfen {
+
+class Desktop;
+class Form;
+
+/// What a key means: first it goes down for the active form, then its character is for that form and the control with
+/// the focus. What a key that is held down repeats is for the form that it was pressed on, and for no other.
+class Keyboard {
+public:
+    explicit Keyboard(Desktop& desktop) : desktop_(desktop) {}
+    Taker handle(const KeyDown& key);
+    Taker handle(const KeyUp& key);
+    void forget(const Form& form) {
+        if (pressed_on_ == &form) pressed_on_ = nullptr;
+    }
+
+private:
+    [[nodiscard]] bool character_taken(char32_t character);
+    [[nodiscard]] Taker field_or_nobody() const;
+
+    Desktop& desktop_;
+    const Form* pressed_on_ = nullptr;  // only compared
+};
+
+}  // namespace marrowfen

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <optional>
+
+#include "platform/forms/input.h"
+
+namespace marrowfen {
+
+class Desktop;
+class Form;
+class PictureBox;
+
+/// What a press, a move, a release and the wheel mean: which control hears of it, double clicks, and the drag of a
+/// tile.
+///
+/// The first button that goes down counts until it is up again; others go nowhere meanwhile. A press that comes soon
+/// after another one in the same place belongs to the form of the first: under the button that was meant may by now lie
+/// one that ends the program, and a child double clicks everything.
+class Mouse {
+public:
+    /// A six-year-old's double click is slow, and the hand moves in between.
+    static constexpr std::chrono::milliseconds kDoubleClickTime{1000};
+    static constexpr Twips kDoubleClickDistance = 20 * kTwipsPerPixel;  ///< on each axis
+
+    struct Drag {
+        PictureBox* source = nullptr;
+        Point pointer;
+    };
+
+    explicit Mouse(Desktop& desktop) : desktop_(desktop) {}
+
+    Taker handle(const MousePress& press, std::chrono::milliseconds time);
+    Taker handle(const MouseMove& move, std::chrono::milliseconds time);
+    Taker handle(const MouseRelease& release, std::chrono::milliseconds time);
+    Taker handle(const WheelTurn& turn);
+    /// Nothing of the form may be touched any more.
+    void forget(const Form& form);
+
+    [[nodiscard]] const std::optional<Drag>& drag() const { return drag_; }
+
+private:
+    struct Press {
+        MouseButton button = MouseButton::None;
+        Point at;
+        std::chrono::milliseconds time{}, released{};
+        const Form* form = nullptr;  // only compared; nullptr once it has gone
+        const Control* control = nullptr;
+        std::optional<std::size_t> row;
+    };
+
+    [[nodiscard]] bool repeats_last(const MousePress& press, std::chrono::milliseconds time) const;
+    [[nodiscard]] Taker begin(const MousePress& press, Form& form, bool second);
+    [[nodiscard]] Taker press_field(const MousePress& press, Control& field, bool second);
+    void let_go(Point pointer, std::chrono::milliseconds time);
+    [[nodiscard]] PictureBox* drop_target(Point pointer) const;
+    void drag_to(Point pointer);
+    void drop(PictureBox& source, Point pointer);
+    void end_drag();
+
+    Desktop& desktop_;
+    Press last_;
+    MouseButton held_ = MouseButton::None;
+    Taker taker_ = Taker::Nobody;  // of what is held
+    Control* captured_ = nullptr;
+    std::optional<Drag> drag_;
+    PictureBox* under_drag_ = nullptr;
+};
+
+}  // namespace marrowfen
