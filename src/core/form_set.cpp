@@ -1,5 +1,6 @@
 #include "core/form_set.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace marrowfen {
@@ -13,6 +14,16 @@ Form* FormSet::load(FormId id) {
     Form* made = place = form.get();  // known before its load runs, which may speak of it by name
     desktop_.load(std::move(form));
     return made;
+}
+
+Form* FormSet::find(std::string_view name) const {
+    const auto* place = std::ranges::find(kFormNames, name);
+    return place == kFormNames.end() ? nullptr : loaded_.at(static_cast<std::size_t>(place - kFormNames.begin()));
+}
+
+std::string_view FormSet::name_of(const Form& form) const {
+    const auto* place = std::ranges::find(loaded_, &form);
+    return place == loaded_.end() ? std::string_view{} : kFormNames.at(static_cast<std::size_t>(place - loaded_.begin()));
 }
 
 void FormSet::show(FormId id) {

@@ -4,6 +4,7 @@
 #include <functional>
 #include <initializer_list>
 #include <memory>
+#include <string_view>
 
 #include "core/form_id.h"
 #include "platform/forms/desktop.h"
@@ -28,6 +29,9 @@ public:
     /// Loads the form if need be. Never nullptr, but a form may decide in its load to go again.
     Form* load(FormId id);
     [[nodiscard]] Form* find(FormId id) const { return loaded_[index(id)]; }  ///< nullptr: not loaded
+
+    [[nodiscard]] Form* find(std::string_view name) const;              ///< nullptr: not loaded, or no such form
+    [[nodiscard]] std::string_view name_of(const Form& form) const;  ///< empty: not loaded
 
     template <class F>
     F& load() {

@@ -52,6 +52,7 @@ public:
     [[nodiscard]] Rect bounds() const { return {Left, Top, Width, Height}; }  ///< in twips on the screen
     [[nodiscard]] bool visible() const { return visible_; }
     [[nodiscard]] const std::vector<Control*>& controls() const { return controls_; }  ///< from the bottom to the top
+    [[nodiscard]] const std::vector<Timer*>& timers() const { return timers_; }
     [[nodiscard]] Control* focus() const { return focus_; }
     /// The uppermost control that takes the mouse at a point of the form; nullptr: the bare surface.
     [[nodiscard]] Control* control_at(Point on_form) const;

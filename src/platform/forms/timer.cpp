@@ -5,7 +5,7 @@
 namespace marrowfen {
 
 Timer::Timer(Form& form, std::chrono::milliseconds interval, std::function<void()> on_tick)
-    : form_(form), interval_(interval), on_tick_(std::move(on_tick)) {
+    : form_(form), interval_(interval), on_tick_(std::move(on_tick)), number_(form.timers_.size()) {
     form.timers_.push_back(this);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <cstddef>
 #include <functional>
 
 namespace marrowfen {
@@ -20,12 +21,14 @@ public:
     [[nodiscard]] bool enabled() const { return enabled_; }
     [[nodiscard]] std::chrono::milliseconds interval() const { return interval_; }
     [[nodiscard]] Form& form() const { return form_; }
+    [[nodiscard]] std::size_t number() const { return number_; }  ///< on its form, in the order of declaration
     void tick() const { on_tick_(); }
 
 private:
     Form& form_;
     std::chrono::milliseconds interval_;
     std::function<void()> on_tick_;
+    const std::size_t number_;
     bool enabled_ = false;
 };
 

@@ -1,0 +1,91 @@
+#include "replay/player.h"
+
+#include <utility>
+
+#include "replay/event_line.h"
+#include "replay/words.h"
+
+namespace marrowfen {
+
+Player::Player(std::vector<std::string> lines, Files& files, const Audience& audience)
+    : tape_(std::move(lines)),
+      display_(*this, audience.screen, read_screen()),
+      store_(tape_, nullptr),
+      sound_(tape_, audience.sound),
+      clock_(tape_, nullptr),
+      random_(tape_, nullptr),
+      files_(files) {}
+
+Size Player::read_screen() {
+    const std::string* line = tape_.next();
+    Words words(line == nullptr ? std::string_view{} : std::string_view(*line).substr(std::min<std::size_t>(2, line->size())));
+    if (words.take() != "screen") {
+        tape_.diverge("> screen");
+        return {};
+    }
+    const auto width = words.take_number();
+    const auto height = words.take_number();
+    tape_.expect(*line);
+    return {static_cast<Twips>(width.value_or(0)), static_cast<Twips>(height.value_or(0))};
+}
+
+void Player::started() { look(); }
+
+bool Player::next_is_in(std::size_t yield) const {
+    const std::string* line = tape_.next();
+    const auto event = line == nullptr ? std::nullopt : to_event_line(*line);
+    return event && event->yield == yield;
+}
+
+std::optional<std::chrono::milliseconds> Player::next_after() {
+    if (tape_.next() == nullptr || ended()) return std::nullopt;
+    if (!next_is_in(0)) {
+        tape_.diverge("nothing more");
+        return std::nullopt;
+    }
+    return to_event_line(*tape_.next())->after;
+}
+
+void Player::step() {
+    if (!next_is_in(0)) return;
+    hand_over();
+    look();
+}
+
+void Player::play_yield(std::size_t number) {
+    while (next_is_in(number)) hand_over();
+}
+
+void Player::hand_over() {
+    const EventLine line = *to_event_line(*tape_.next());
+    auto what = to_event(line.what, program_->forms);
+    if (!what) {
+        tape_.diverge("an event that nothing here can take");
+        return;
+    }
+    tape_.take_event();
+    now_ += line.after;
+    const Form* active = program_->desktop.active();
+    form_ = active == nullptr ? "" : program_->forms.name_of(*active);
+    const auto* size = std::get_if<ScreenSize>(&*what);
+    if (size != nullptr && on_screen_size) on_screen_size(size->screen);
+    program_->desktop.handle({now_, std::move(*what)});
+}
+
+void Player::look() {
+    if (!display_.take_dirty()) return;
+    for (const std::string& line : watch_.changes(program_->desktop, program_->forms, files_.program_folder())) {
+        tape_.note(line);
+    }
+}
+
+std::string Player::complaint() const {
+    const auto& divergence = tape_.divergence();
+    if (!divergence) return {};
+    const std::string event = divergence->event.empty() ? "the start" : "\"" + divergence->event + "\"";
+    return "The run goes another way than its recording, at line " + std::to_string(divergence->line) + ", after " + event +
+           (form_.empty() ? "" : " on " + form_) + ".\nExpected: " + divergence->expected +
+           "\nFound:    " + divergence->found;
+}
+
+}  // namespace marrowfen
