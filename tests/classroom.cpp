@@ -76,7 +76,7 @@ Classroom::Classroom(const std::vector<std::string>& pupils) {
     define_all_forms(program);
     const auto rows = store().open("Pupils");
     for (const std::string& pupil : pupils) {
-        rows->add_row();
+        EXPECT_FALSE(rows->add_row());
         rows->set_field("PupilName", pupil);
         EXPECT_FALSE(rows->update()) << pupil;
     }
@@ -113,7 +113,7 @@ std::string Classroom::message() {
 std::vector<Kept> Classroom::results() {
     std::vector<Kept> kept;
     const auto rows = store().open("Hall_of_Fame");
-    for (; !rows->at_end(); rows->move_next()) {
+    for (auto row = rows->move_first(); row.value(); row = rows->move_next()) {
         const auto pupil = look_up("Pupils", "PupilName", where_number("Pupil_ID", as_whole(rows->field("Pupil_id"))));
         kept.push_back({pupil, as_text(rows->field("TimeTaken")), as_whole(rows->field("TimeLimit")),
                         as_whole(rows->field("Points")), as_whole(rows->field("GameID"))});
@@ -122,14 +122,13 @@ std::vector<Kept> Classroom::results() {
 }
 
 Store& Classroom::store() {
-    if (!store_) store_ = std::move(sqlite.open(program.path("\\data.mdb")).store);
+    if (!store_) store_ = sqlite.open(program.path("\\data.mdb")).value();
     return *store_;
 }
 
 std::string Classroom::look_up(std::string_view table, std::string_view field, std::string_view criterion) {
     const auto rows = store().open(table);
-    rows->find_first(criterion);
-    return rows->no_match() ? "0" : as_text(rows->field(field));
+    return rows->find_first(criterion).value() ? as_text(rows->field(field)) : "0";
 }
 
 std::vector<std::string> Classroom::heard_and_forgotten() {

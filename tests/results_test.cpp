@@ -25,10 +25,9 @@ struct School {
     Pupil ann{room};
 
     explicit School(const std::vector<Kept>& earlier = {}) {
-        const auto opened = room.sqlite.open(room.program.path("\\data.mdb"));
-        const auto rows = opened.store->open("Hall_of_Fame");
+        const auto rows = room.store().open("Hall_of_Fame");
         for (const Kept& result : earlier) {
-            rows->add_row();
+            EXPECT_FALSE(rows->add_row());
             rows->set_field("Pupil_id", std::int64_t{result.pupil == "Ann" ? 1 : result.pupil == "Ben" ? 2 : 3});
             rows->set_field("TimeTaken", result.time);
             rows->set_field("TimeLimit", std::int64_t{result.limit});
@@ -110,7 +109,8 @@ TEST(Score, KeepsTheResultAsItIsSavedAndShowsItInTheHall) {
     school.ann.presses(&frmScore::HallDe);
 
     EXPECT_EQ(room.results(), (std::vector<Kept>{{"Ann", "0:36", 120, 70, kTiles}}));
-    const auto rows = room.program.open_rows("Hall_of_Fame");
+    const auto rows = room.store().open("Hall_of_Fame");
+    ASSERT_TRUE(rows->move_first().value());
     EXPECT_EQ(as_text(rows->field("TheDate")), "2027-01-31") << "the moment of saving, not of playing";
     EXPECT_EQ(as_text(rows->field("timeplayed")), "13:00:07");
     EXPECT_EQ(school.hall(), Rows{"Ann 0:36 70"});

@@ -1,5 +1,6 @@
 #include "stubborn_store.h"
 
+#include <functional>
 #include <utility>
 
 namespace marrowfen {
@@ -8,35 +9,45 @@ namespace {
 
 using Question = StubbornEngine::Question;
 
-// For the present port
+// Passes on every question that is not refused.
 class StubbornRows final : public RowSet {
 public:
-    StubbornRows(std::unique_ptr<RowSet> rows, StubbornEngine& engine) : rows_(std::move(rows)), engine_(engine) { ask(); }
-    [[nodiscard]] std::optional<StoreFailure> failure() const override { return failure_ ? failure_ : rows_->failure(); }
-    [[nodiscard]] bool at_end() const override { return failure_ || rows_->at_end(); }
-    [[nodiscard]] std::int64_t row_count() const override { return failure_ ? 0 : rows_->row_count(); }
-    void move_first() override { ask(), rows_->move_first(); }
-    void move_forward(std::int64_t rows) override { ask(), rows_->move_forward(rows); }
-    void find_first(std::string_view criterion) override { ask(), rows_->find_first(criterion); }
-    void find_next(std::string_view criterion) override { ask(), rows_->find_next(criterion); }
-    [[nodiscard]] bool no_match() const override { return failure_ || rows_->no_match(); }
+    StubbornRows(std::unique_ptr<RowSet> rows, StubbornEngine& engine) : rows_(std::move(rows)), engine_(engine) {}
+    [[nodiscard]] Result<bool> move_first() override {
+        return ask([&] { return rows_->move_first(); });
+    }
+    [[nodiscard]] Result<bool> move_forward(std::int64_t rows) override {
+        return ask([&] { return rows_->move_forward(rows); });
+    }
+    [[nodiscard]] Result<bool> find_first(std::string_view criterion) override {
+        return ask([&] { return rows_->find_first(criterion); });
+    }
+    [[nodiscard]] Result<bool> find_next(std::string_view criterion) override {
+        return ask([&] { return rows_->find_next(criterion); });
+    }
     [[nodiscard]] Value field(std::string_view name) const override { return rows_->field(name); }
-    void add_row() override { rows_->add_row(); }
+    [[nodiscard]] std::optional<StoreFailure> add_row() override {
+        const auto refused = engine_.refuses(Question::Write);
+        return refused ? refused : rows_->add_row();
+    }
     void set_field(std::string_view name, Value value) override { rows_->set_field(name, std::move(value)); }
     [[nodiscard]] std::optional<StoreFailure> update() override {
-        if (auto refused = engine_.refuses(Question::Write)) return refused;
-        return rows_->update();
+        const auto refused = engine_.refuses(Question::Write);
+        return refused ? refused : rows_->update();
     }
     [[nodiscard]] std::optional<StoreFailure> delete_row() override {
-        if (auto refused = engine_.refuses(Question::Write)) return refused;
-        return rows_->delete_row();
+        const auto refused = engine_.refuses(Question::Write);
+        return refused ? refused : rows_->delete_row();
     }
 
 private:
-    void ask() { failure_ = engine_.refuses(Question::Read); }
+    Result<bool> ask(const std::function<Result<bool>()>& question) {
+        if (const auto refused = engine_.refuses(Question::Read)) return *refused;
+        return question();
+    }
+
     std::unique_ptr<RowSet> rows_;
     StubbornEngine& engine_;
-    std::optional<StoreFailure> failure_;
 };
 
 class StubbornStore final : public Store {
@@ -56,16 +67,17 @@ private:
 std::optional<StoreFailure> StubbornEngine::refuses(Question question) {
     const std::size_t number = asked_++;
     const bool refused = number >= first_refused_ && number - first_refused_ < refused_;
-    if (question == Question::Write) return refused || refuses_writes ? std::optional(StoreFailure{"the disk is full"}) : std::nullopt;
-    return refused || refuses_reads ? std::optional(StoreFailure{"the drive does not answer"}) : std::nullopt;
+    const bool writes = question == Question::Write;
+    if (!refused && !(writes ? refuses_writes : refuses_reads)) return std::nullopt;
+    return StoreFailure{writes ? "the disk is full" : "the drive does not answer"};
 }
 
-OpenedStore StubbornEngine::open(std::string_view path) {
+Result<std::unique_ptr<Store>> StubbornEngine::open(std::string_view path) {
     ++opened;
-    if (auto refused = refuses(Question::Read)) return {nullptr, *refused};
-    OpenedStore opened_store = engine_.open(path);
-    if (opened_store.store == nullptr) return opened_store;
-    return {std::make_unique<StubbornStore>(std::move(opened_store.store), *this), {}};
+    if (const auto refused = refuses(Question::Read)) return *refused;
+    auto store = engine_.open(path);
+    if (store.failure()) return store;
+    return std::unique_ptr<Store>(std::make_unique<StubbornStore>(std::move(store).value(), *this));
 }
 
 }  // namespace marrowfen

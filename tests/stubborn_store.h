@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <optional>
 
 #include "platform/store.h"
@@ -22,7 +23,7 @@ public:
         refused_ = refused;
     }
     [[nodiscard]] std::size_t asked() const { return asked_; }
-    [[nodiscard]] OpenedStore open(std::string_view path) override;
+    [[nodiscard]] Result<std::unique_ptr<Store>> open(std::string_view path) override;
 
     enum class Question : std::uint8_t { Read, Write };
     [[nodiscard]] std::optional<StoreFailure> refuses(Question question);

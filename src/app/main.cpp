@@ -32,7 +32,7 @@ int main(int argc, char** argv) {
     GameReferee referee(program);
     program.referee = &referee;
     define_all_forms(program);
-    display.on_close_requested = [&program] { program.forms.unload_all(); };
+    display.on_close_requested = [&program] { program.close_requested(); };
 
     if (const auto failure = program.start()) {
         show_start_failure(files, "Marrowfen can't start. The file " + (folder / "data.mdb").string() +

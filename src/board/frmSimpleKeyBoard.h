@@ -42,7 +42,7 @@ private:
     PictureButton close_{close_De, Close_Pre, [this] { leave_game(); }};
     State::Whole CurrentKey = 0;  ///< the key whose letter was drawn last
 
-    [[nodiscard]] bool read_template();
+    [[nodiscard]] Result<bool> read_template();  ///< false: there is no such game
     void paint_faces();
     void deal_first_tiles();
     void deal(PictureBox& tile, int key);
