@@ -35,8 +35,8 @@ void fill(const std::filesystem::path& store, int results) {
 
 void show_hall_of_fame(Store& store) {
     const auto rows = store.open("besttimes");
-    rows->find_first("GameID=7 And timelimit =60");
-    for (int row = 0; row < 10 && !rows->no_match(); ++row) rows->find_next("GameId=7 And timelimit =60");
+    auto found = rows->find_first("GameID=7 And timelimit =60");
+    for (int row = 0; row < 10 && found.value(); ++row) found = rows->find_next("GameId=7 And timelimit =60");
 }
 
 // The median of many runs, in microseconds.
@@ -47,11 +47,11 @@ double measure(const std::filesystem::path& folder, int results) {
     fill(folder / "data.mdb", results);
     const DiskFiles files(folder);
     SqliteStoreEngine engine(files);
-    const OpenedStore opened = engine.open(files.program_folder() + "\\data.mdb");
+    const auto opened = engine.open(files.program_folder() + "\\data.mdb");
     std::vector<double> times;
     for (int run = 0; run < kRuns; ++run) {
         const auto begin = std::chrono::steady_clock::now();
-        show_hall_of_fame(*opened.store);
+        show_hall_of_fame(*opened.value());
         times.push_back(std::chrono::duration<double, std::micro>(std::chrono::steady_clock::now() - begin).count());
     }
     std::ranges::nth_element(times, times.begin() + kRuns / 2);

@@ -25,49 +25,6 @@ const std::filesystem::path& built_store() {
     return path;
 }
 
-// Passes everything on, but for what is refused.
-class StubbornRows final : public RowSet {
-public:
-    StubbornRows(std::unique_ptr<RowSet> rows, const StubbornEngine& engine)
-        : rows_(std::move(rows)), engine_(engine) {}
-    [[nodiscard]] std::optional<StoreFailure> failure() const override {
-        return engine_.refuses_reads ? StoreFailure{"the drive does not answer"} : rows_->failure();
-    }
-    [[nodiscard]] bool at_end() const override { return engine_.refuses_reads || rows_->at_end(); }
-    [[nodiscard]] std::int64_t row_count() const override { return rows_->row_count(); }
-    void move_first() override { rows_->move_first(); }
-    void move_forward(std::int64_t rows) override { rows_->move_forward(rows); }
-    void find_first(std::string_view criterion) override { rows_->find_first(criterion); }
-    void find_next(std::string_view criterion) override { rows_->find_next(criterion); }
-    [[nodiscard]] bool no_match() const override { return engine_.refuses_reads || rows_->no_match(); }
-    [[nodiscard]] Value field(std::string_view name) const override { return rows_->field(name); }
-    void add_row() override { rows_->add_row(); }
-    void set_field(std::string_view name, Value value) override { rows_->set_field(name, std::move(value)); }
-    [[nodiscard]] std::optional<StoreFailure> update() override {
-        return engine_.refuses_writes ? StoreFailure{"the disk is full"} : rows_->update();
-    }
-    [[nodiscard]] std::optional<StoreFailure> delete_row() override {
-        return engine_.refuses_writes ? StoreFailure{"the disk is full"} : rows_->delete_row();
-    }
-
-private:
-    std::unique_ptr<RowSet> rows_;
-    const StubbornEngine& engine_;
-};
-
-class StubbornStore final : public Store {
-public:
-    StubbornStore(std::unique_ptr<Store> store, const StubbornEngine& engine)
-        : store_(std::move(store)), engine_(engine) {}
-    [[nodiscard]] std::unique_ptr<RowSet> open(std::string_view source) override {
-        return std::make_unique<StubbornRows>(store_->open(source), engine_);
-    }
-
-private:
-    std::unique_ptr<Store> store_;
-    const StubbornEngine& engine_;
-};
-
 // A letter may take several bytes.
 std::vector<std::string> letters_of(std::string_view text) {
     std::vector<std::string> letters;
@@ -103,14 +60,7 @@ TemporaryFolder::~TemporaryFolder() {
     std::filesystem::remove_all(path_, ignored);
 }
 
-OpenedStore StubbornEngine::open(std::string_view path) {
-    ++opened;
-    OpenedStore opened_store = engine_.open(path);
-    if (opened_store.store == nullptr) return opened_store;
-    return {std::make_unique<StubbornStore>(std::move(opened_store.store), *this), {}};
-}
-
-std::ostream& operator<<(std::ostream& out, const Result& result) {
+std::ostream& operator<<(std::ostream& out, const Kept& result) {
     return out << result.pupil << ' ' << result.time << " of " << result.limit << ": " << result.points << " in game "
                << result.game;
 }
@@ -120,10 +70,9 @@ Classroom::Classroom(const std::vector<std::string>& pupils) {
     display.attach(desktop);
     program.referee = &referee;
     define_all_forms(program);
-    const auto opened = sqlite.open(program.path("\\data.mdb"));
-    const auto rows = opened.store->open("Pupils");
+    const auto rows = store().open("Pupils");
     for (const std::string& pupil : pupils) {
-        rows->add_row();
+        EXPECT_FALSE(rows->add_row());
         rows->set_field("PupilName", pupil);
         EXPECT_FALSE(rows->update()) << pupil;
     }
@@ -157,17 +106,25 @@ std::string Classroom::message() {
     return is_open(FormId::frmErrmsg) ? form<frmErrmsg>().ErrMsg.Caption.get() : std::string{};
 }
 
-std::vector<Result> Classroom::results() {
-    const auto opened = sqlite.open(program.path("\\data.mdb"));
-    std::vector<Result> kept;
-    const auto rows = opened.store->open("Hall_of_Fame");
-    for (; !rows->at_end(); rows->move_next()) {
-        const auto pupil =
-            program.LookupField("Pupils", "PupilName", where_number("Pupil_ID", as_whole(rows->field("Pupil_id"))));
-        kept.push_back({as_text(pupil), as_text(rows->field("TimeTaken")), as_whole(rows->field("TimeLimit")),
+std::vector<Kept> Classroom::results() {
+    std::vector<Kept> kept;
+    const auto rows = store().open("Hall_of_Fame");
+    for (auto row = rows->move_first(); row.value(); row = rows->move_next()) {
+        const auto pupil = look_up("Pupils", "PupilName", where_number("Pupil_ID", as_whole(rows->field("Pupil_id"))));
+        kept.push_back({pupil, as_text(rows->field("TimeTaken")), as_whole(rows->field("TimeLimit")),
                         as_whole(rows->field("Points")), as_whole(rows->field("GameID"))});
     }
     return kept;
+}
+
+Store& Classroom::store() {
+    if (!store_) store_ = sqlite.open(program.path("\\data.mdb")).value();
+    return *store_;
+}
+
+std::string Classroom::look_up(std::string_view table, std::string_view field, std::string_view criterion) {
+    const auto rows = store().open(table);
+    return rows->find_first(criterion).value() ? as_text(rows->field(field)) : "0";
 }
 
 std::vector<std::string> Classroom::heard_and_forgotten() {
@@ -258,8 +215,7 @@ void Pupil::thinks() { room_.display.idle(Mouse::kDoubleClickTime * 2); }
 void Pupil::sits_down(std::string_view name) { chooses(room_.form<frmSelectGame>().cmbPupils, name); }
 
 std::string Pupil::entry_of(int template_id) {
-    return as_text(room_.program.LookupField("Templates", "GameNumber", where_number("Template_ID", template_id))) +
-           ". ";
+    return room_.look_up("Templates", "GameNumber", where_number("Template_ID", template_id)) + ". ";
 }
 
 void Pupil::picks_game(int template_id) { double_clicks(room_.form<frmGames>().List1, entry_of(template_id)); }

@@ -13,6 +13,7 @@
 #include "platform/sqlite/sqlite_store.h"
 #include "platform/system/disk_files.h"
 #include "rules/game_referee.h"
+#include "stubborn_store.h"
 
 namespace marrowfen {
 
@@ -29,25 +30,12 @@ private:
     std::filesystem::path path_;
 };
 
-/// A store that behaves until it is told to fail: then no row can be added or deleted, or read, any more.
-class StubbornEngine final : public StoreEngine {
-public:
-    explicit StubbornEngine(StoreEngine& engine) : engine_(engine) {}
-    bool refuses_writes = false;
-    bool refuses_reads = false;
-    std::size_t opened = 0;
-    [[nodiscard]] OpenedStore open(std::string_view path) override;
-
-private:
-    StoreEngine& engine_;
-};
-
-struct Result {
+struct Kept {
     std::string pupil, time;
     int limit = 0, points = 0, game = 0;
-    friend bool operator==(const Result&, const Result&) = default;
+    friend bool operator==(const Kept&, const Kept&) = default;
 };
-std::ostream& operator<<(std::ostream& out, const Result& result);
+std::ostream& operator<<(std::ostream& out, const Kept& result);
 
 /// The whole program on a screen that nobody sees, with a store of its own. Draws and events that were scripted and
 /// never came fail the test.
@@ -87,8 +75,14 @@ public:
     }
     [[nodiscard]] std::vector<FormId> open_forms() const;  ///< those on the screen, by name
     [[nodiscard]] std::string message();                   ///< on show; empty: none is
-    [[nodiscard]] std::vector<Result> results();           ///< as kept, oldest first
+    [[nodiscard]] std::vector<Kept> results();             ///< as kept, oldest first
+    /// The test's own look into the store, which nothing stands in the way of.
+    [[nodiscard]] Store& store();
+    [[nodiscard]] std::string look_up(std::string_view table, std::string_view field, std::string_view criterion);
     [[nodiscard]] std::vector<std::string> heard_and_forgotten();
+
+private:
+    std::unique_ptr<Store> store_;
 };
 
 /// The middle of a control, where a press hits it if nothing lies above.

@@ -51,9 +51,9 @@ TEST(GameList, EveryEntryOpensItsGameWhateverItsName) {
     const Entries entries = room.form<frmGames>().List1.entries();
     ASSERT_EQ(entries.size(), 30U);
     for (std::size_t i = 0; i < entries.size(); ++i) {
-        const auto wanted = room.program.LookupField("Templates", "Template_ID",
-                                                     where_number("GameNumber", static_cast<std::int64_t>(i + 1)));
-        EXPECT_EQ(entries[i], std::to_string(i + 1) + ". No. " + as_text(wanted) + ". Ten");
+        const std::string wanted =
+            room.look_up("Templates", "Template_ID", where_number("GameNumber", static_cast<std::int64_t>(i + 1)));
+        EXPECT_EQ(entries[i], std::to_string(i + 1) + ". No. " + wanted + ". Ten");
         ann.selects(room.form<frmGames>().List1, entries[i]);
         ann.presses_enter();
         EXPECT_FALSE(room.is_open(FormId::frmGames)) << "Enter does what a double click does";

@@ -84,8 +84,8 @@ public:
             return file.substr(name, file.rfind('.') - name);
         }
         auto& card = room.form<frmSentence>();
-        return as_text(room.program.LookupField(room.state().ContentTable, card.wordtype.Text.get(),
-                                                where_text("Sen", card.Sentence.Text.get())));
+        return room.look_up(room.state().ContentTable, card.wordtype.Text.get(),
+                            where_text("Sen", card.Sentence.Text.get()));
     }
     [[nodiscard]] std::string found() { return room.form<frmWordsUsed>().Wordsfound.Caption; }
     [[nodiscard]] PictureBox& key(std::string_view letter) { return *room.form<frmSimpleKeyBoard>().find_key(letter); }
@@ -131,7 +131,7 @@ private:
         for (char letter = 'A'; letter <= 'Z'; ++letter) {
             const std::string word = letter + card.end.Caption.get();
             const bool is_new = card.theword.Caption != word && found().find(word) == std::string::npos;
-            if (is_new && as_whole(room.program.LookupWord(room.state().ContentTable, "ID", word)) != 0) {
+            if (is_new && room.look_up(room.state().ContentTable, "ID", where_text("Word", word)) != "0") {
                 return {letter};
             }
         }

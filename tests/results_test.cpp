@@ -24,11 +24,10 @@ struct School {
     Classroom room{{"Ann", "Ben", "Cleo"}};
     Pupil ann{room};
 
-    explicit School(const std::vector<Result>& earlier = {}) {
-        const auto opened = room.sqlite.open(room.program.path("\\data.mdb"));
-        const auto rows = opened.store->open("Hall_of_Fame");
-        for (const Result& result : earlier) {
-            rows->add_row();
+    explicit School(const std::vector<Kept>& earlier = {}) {
+        const auto rows = room.store().open("Hall_of_Fame");
+        for (const Kept& result : earlier) {
+            EXPECT_FALSE(rows->add_row());
             rows->set_field("Pupil_id", std::int64_t{result.pupil == "Ann" ? 1 : result.pupil == "Ben" ? 2 : 3});
             rows->set_field("TimeTaken", result.time);
             rows->set_field("TimeLimit", std::int64_t{result.limit});
@@ -109,8 +108,9 @@ TEST(Score, KeepsTheResultAsItIsSavedAndShowsItInTheHall) {
     room.clock.time = std::chrono::hours{13} + std::chrono::seconds{7};
     school.ann.presses(&frmScore::HallDe);
 
-    EXPECT_EQ(room.results(), (std::vector<Result>{{"Ann", "0:36", 120, 70, kTiles}}));
-    const auto rows = room.program.open_rows("Hall_of_Fame");
+    EXPECT_EQ(room.results(), (std::vector<Kept>{{"Ann", "0:36", 120, 70, kTiles}}));
+    const auto rows = room.store().open("Hall_of_Fame");
+    ASSERT_TRUE(rows->move_first().value());
     EXPECT_EQ(as_text(rows->field("TheDate")), "2027-01-31") << "the moment of saving, not of playing";
     EXPECT_EQ(as_text(rows->field("timeplayed")), "13:00:07");
     EXPECT_EQ(school.hall(), Rows{"Ann 0:36 70"});
@@ -139,7 +139,7 @@ TEST(Score, StaysWhenTheResultCantBeKeptAndTriesAgain) {
     }
     room.engine.refuses_writes = false;
     school.ann.presses(&frmScore::HallDe);
-    EXPECT_EQ(room.results(), (std::vector<Result>{{"Ann", "0:06", 60, 90, kTiles}})) << "once, and not three times";
+    EXPECT_EQ(room.results(), (std::vector<Kept>{{"Ann", "0:06", 60, 90, kTiles}})) << "once, and not three times";
 }
 
 TEST(HallOfFame, RanksTheMostPointsOfOneGameAndTeamFirstAndTheEarlierOfEquals) {
@@ -177,7 +177,7 @@ TEST(HallOfFame, RanksTheFewestSecondsOfATypingTestFirst) {
 }
 
 TEST(HallOfFame, ShowsTenResultsAndNoMore) {
-    std::vector<Result> twelve;
+    std::vector<Kept> twelve;
     for (int points = 1; points <= 12; ++points) twelve.push_back({"Ben", "0:10", 60, points, kTiles});
     School school(twelve);
     school.views(kTiles);

@@ -14,9 +14,9 @@ class Rhymes : public ::testing::Test, protected Lesson {
 protected:
     [[nodiscard]] std::vector<Rhyme> group(const std::string& table, int id) {
         std::vector<Rhyme> rhymes;
-        const auto rows = room.program.open_rows(table);
+        const auto rows = room.store().open(table);
         const std::string in_group = where_number("id", id);
-        for (rows->find_first(in_group); !rows->no_match(); rows->find_next(in_group)) {
+        for (auto row = rows->find_first(in_group); row.value(); row = rows->find_next(in_group)) {
             rhymes.push_back({as_text(rows->field("word")), as_text(rows->field("end"))});
         }
         return rhymes;

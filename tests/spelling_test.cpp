@@ -110,8 +110,8 @@ protected:
 
     [[nodiscard]] std::vector<Row> rows(int game) {
         std::vector<Row> all;
-        const auto sentences = room.program.open_rows(game == 25 ? "Sentences_Keystage1" : "Sentences_Keystage2");
-        for (; !sentences->at_end(); sentences->move_next()) {
+        const auto sentences = room.store().open(game == 25 ? "Sentences_Keystage1" : "Sentences_Keystage2");
+        for (auto next = sentences->move_first(); next.value(); next = sentences->move_next()) {
             Row row{as_text(sentences->field("Sen")), {}};
             for (std::size_t i = 0; i < 3; ++i) row.words.at(i) = as_text(sentences->field(kClasses.at(i)));
             all.push_back(row);

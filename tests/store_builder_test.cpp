@@ -164,10 +164,10 @@ TEST_F(StoreBuilderTest, TakesATableAsASpreadsheetSavesIt) {
 TEST_F(StoreBuilderTest, RenewsTheContentOfAStoreInUseAndKeepsWhatTheClassDid) {
     let_a_class_play();
     const DiskFiles files(file_.parent_path());
-    const auto open = SqliteStoreEngine(files).open(files.program_folder() + "\\data.mdb");
+    const auto store = SqliteStoreEngine(files).open(files.program_folder() + "\\data.mdb").value();
     const auto game = [&] {
-        const auto games = open.store->open("Templates");
-        games->find_first("Template_ID=1");
+        const auto games = store->open("Templates");
+        EXPECT_TRUE(games->find_first("Template_ID=1").value());
         return as_text(games->field("GameName"));
     };
     EXPECT_EQ(game(), "Game of 1");

@@ -20,20 +20,19 @@ using namespace std::chrono_literals;
 /// A school with one store, and a computer that has it open.
 class StoreTest : public testing::Test {
 protected:
-    StoreTest() : store_(engine_.open(name_).store) {}
+    StoreTest() : store_(engine_.open(name_).value()) {}
 
     [[nodiscard]] std::unique_ptr<RowSet> rows(std::string_view source) { return store_->open(source); }
 
     Value lookup(std::string_view source, std::string_view field, std::string_view criterion) {
         const auto set = rows(source);
-        set->find_first(criterion);
-        return set->no_match() ? Value{std::int64_t{0}} : set->field(field);
+        return set->find_first(criterion).value_or(false) ? set->field(field) : Value{std::int64_t{0}};
     }
 
     /// What the form does for a new pupil; the id, or the reason against it.
     static std::variant<std::int64_t, std::string> add_pupil(Store& store, const std::string& name) {
         const auto set = store.open("Pupils");
-        set->add_row();
+        if (const auto failure = set->add_row()) return failure->reason;
         set->set_field("Pupilname", name);
         const Value id = set->field("Pupil_id");
         if (const auto failure = set->update()) return failure->reason;
@@ -52,7 +51,7 @@ protected:
 
     std::optional<StoreFailure> add_result(int pupil, int limit, int points, int game) {
         const auto set = rows("Hall_of_Fame");
-        set->add_row();
+        if (auto failure = set->add_row()) return failure;
         set->set_field("Pupil_id", std::int64_t{pupil});
         set->set_field("TimeTaken", "0:3" + std::to_string(pupil % 10));
         set->set_field("TheDate", std::chrono::year_month_day{2026y, std::chrono::March, 9d});
@@ -65,7 +64,7 @@ protected:
 
     static std::vector<std::string> walk(RowSet& set, std::string_view field) {
         std::vector<std::string> found;
-        for (set.move_first(); !set.at_end(); set.move_next()) found.push_back(as_text(set.field(field)));
+        for (auto row = set.move_first(); row.value(); row = set.move_next()) found.push_back(as_text(set.field(field)));
         return found;
     }
 

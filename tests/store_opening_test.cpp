@@ -51,12 +51,13 @@ TEST_F(StoreTest, OpensNothingButAStoreThatCanBeWrittenAndSaysWhy) {
         if (me == 0) {
             ASSERT_EQ(seteuid(kNobody), 0);
         }
-        const OpenedStore opened = engine_.open(name_);
+        const auto opened = engine_.open(name_);
         if (me == 0) {
             ASSERT_EQ(seteuid(me), 0);
         }
-        EXPECT_EQ(opened.store != nullptr, c.reason.empty()) << c.reason;
-        EXPECT_NE(opened.failure.reason.find(c.reason), std::string::npos) << opened.failure.reason;
+        EXPECT_EQ(opened.failure() == nullptr, c.reason.empty()) << c.reason;
+        const std::string reason = opened.failure() ? opened.failure()->reason : "";
+        EXPECT_NE(reason.find(c.reason), std::string::npos) << reason;
         EXPECT_EQ(bytes_of(file_), before);
     }
     std::filesystem::permissions(folder_.path(), std::filesystem::perms(0777));

@@ -82,7 +82,7 @@ TEST(TileGame, EveryOneIsPlayedToTheLastKeyWithTheMouseAndSomeByTyping) {
         EXPECT_EQ(desk.room.heard_and_forgotten().size(), static_cast<std::size_t>(desk.filled()));
         desk.ann.fills_keys(36 - desk.filled());
         desk.ann.presses(&frmScore::HallDe);
-        EXPECT_EQ(desk.room.results(), (std::vector<Result>{{"Ann", "0:00", 60, 100, game}}));
+        EXPECT_EQ(desk.room.results(), (std::vector<Kept>{{"Ann", "0:00", 60, 100, game}}));
     }
 }
 

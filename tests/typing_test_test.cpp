@@ -43,7 +43,7 @@ TEST_F(TypingTest, TheSecondsFromTheFirstKeyToTheLastRightLetterAreKept) {
         EXPECT_EQ(room.form<frmScore>().txtpoints.Text.get(), "66");
         goes_back_to_the_list();
     }
-    EXPECT_EQ(room.results(), (std::vector<Result>{{"Ann", "1:06", 0, 66, 27}, {"Ann", "1:06", 0, 66, 28}}));
+    EXPECT_EQ(room.results(), (std::vector<Kept>{{"Ann", "1:06", 0, 66, 27}, {"Ann", "1:06", 0, 66, 28}}));
     EXPECT_EQ(room.heard_and_forgotten(), std::vector<std::string>{});
 }
 
@@ -130,7 +130,7 @@ TEST_F(TypingTest, SkippingKeepsNothingAndTheNextTestStartsAfresh) {
         ann.presses(&frmScore::HallDe);
         ann.presses(&frmHalloffame::PlayAgainDe);
     }
-    EXPECT_EQ(room.results(), (std::vector<Result>{{"Ann", "0:07", 0, 7, 27}, {"Ann", "0:04", 0, 4, 27}}));
+    EXPECT_EQ(room.results(), (std::vector<Kept>{{"Ann", "0:07", 0, 7, 27}, {"Ann", "0:04", 0, 4, 27}}));
     EXPECT_TRUE(room.is_open(FormId::frmTypingTest));
 }
 

@@ -189,7 +189,7 @@ TEST_F(Judging, EndsWithTheLastRightAnswer) {
         EXPECT_EQ(room.open_forms(), (std::vector{FormId::frmBackGround, FormId::frmScore}));
         goes_back_to_the_list();
     }
-    EXPECT_EQ(room.results(), (std::vector<Result>{{"Ann", "0:00", 60, 100, 7}, {"Ann", "0:00", 60, 100, 7}}));
+    EXPECT_EQ(room.results(), (std::vector<Kept>{{"Ann", "0:00", 60, 100, 7}, {"Ann", "0:00", 60, 100, 7}}));
 }
 
 TEST_F(Judging, AKeyThatComesAfterTheGameIsIgnored) {

@@ -51,14 +51,18 @@ void frmSimpleKeyBoard::load() {
     state.GameRs = program_.open_rows("Templates");
     SetAlpha();
     SetRhand();
-    if (!read_template()) {
-        program_.forms.unload(FormId::frmSettings);
+    const auto is_there = read_template();
+    program_.forms.unload(FormId::frmSettings);
+    if (!is_there.value_or(false)) {
         program_.forms.show(FormId::frmGames);
-        if (!program_.unreadable()) program_.tell("Sorry, this game can't be found. Please choose another one.");
+        if (const auto* failure = is_there.failure()) {
+            program_.tell_unreadable(*failure);
+        } else {
+            program_.tell("Sorry, this game can't be found. Please choose another one.");
+        }
         program_.forms.unload(kId);
         return;
     }
-    program_.forms.unload(FormId::frmSettings);
     if (as_flag(state.GameRs->field("backgroundletters"))) paint_faces();
 
     const Game* game = find_game(state.TemplateID);
@@ -71,10 +75,10 @@ void frmSimpleKeyBoard::load() {
     state.TypedLength = 0;
 }
 
-bool frmSimpleKeyBoard::read_template() {
+Result<bool> frmSimpleKeyBoard::read_template() {
     State& state = program_.state;
-    state.GameRs->find_first(where_number("Template_ID", state.TemplateID));
-    if (state.GameRs->no_match()) return false;
+    auto found = state.GameRs->find_first(where_number("Template_ID", state.TemplateID));
+    if (!found.value_or(false)) return found;
     state.PanelCount = as_whole(state.GameRs->field("Panels"));
     state.DragType = as_text(state.GameRs->field("dragtype"));
     return state.PanelCount >= 0 && state.PanelCount < kTileCount;
@@ -84,7 +88,10 @@ void frmSimpleKeyBoard::resized() {
     program_.forms.show(FormId::frmTimer);
     const Game* game = find_game(program_.state.TemplateID);
     if (game == nullptr) return;
-    for (const FormId companion : game->companions) program_.forms.show(companion);
+    for (const FormId companion : game->companions) {
+        program_.forms.show(companion);
+        if (program_.forms.find(companion) == nullptr) return leave_game();  // it has said why it can't be played
+    }
     if (!game->clears_the_desk) return;
     using enum FormId;
     program_.forms.unload({frmWord, frmWordsUsed, frmSentence, frmPictureCard});

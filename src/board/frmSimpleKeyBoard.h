@@ -43,7 +43,7 @@ private:
     State::Whole CurrentKey = 0;  ///< the key whose letter was drawn last
     const PictureBox* marked_ = nullptr;
 
-    [[nodiscard]] bool read_template();
+    [[nodiscard]] Result<bool> read_template();  ///< false: there is no such game
     void paint_faces();
     void deal_first_tiles();
     void deal(PictureBox& tile, int key);

@@ -45,27 +45,41 @@ void frmSentence::load() {
     const Game* game = find_game(state.TemplateID);
     if (game == nullptr || game->typed != RuleId::SentenceWords) return;
     state.ContentTable = game->content_table;
-    const State::Whole count = count_sentences();
-    if (count == 0 || show_sentence(static_cast<State::Whole>(program_.ports.random.draw(count)), count) == 0) {
+    const auto shown = show_first_sentence();
+    if (const auto* failure = shown.failure()) {
+        program_.tell_unreadable(*failure);
+        program_.forms.unload(kId);
+        return;
+    }
+    if (shown.value() == 0) {
         wordtype.Text = Sentence.Text = "";
         state.TargetText.clear();
         program_.tell("There are no sentences for this game. Please choose another one.");
     }
 }
 
-State::Whole frmSentence::count_sentences() const {
+Result<State::Whole> frmSentence::show_first_sentence() {
+    auto count = count_sentences();
+    if (count.value_or(0) == 0) return count;
+    return show_sentence(static_cast<State::Whole>(program_.ports.random.draw(count.value())), count.value());
+}
+
+Result<State::Whole> frmSentence::count_sentences() const {
     const auto sentences = program_.open_rows(program_.state.ContentTable);
     State::Whole count = 0;
-    for (; !sentences->at_end(); sentences->move_next()) ++count;
+    auto row = sentences->move_first();
+    for (; row.value_or(false); row = sentences->move_next()) ++count;
+    if (const auto* failure = row.failure()) return *failure;
     return count;
 }
 
-State::Whole frmSentence::show_sentence(State::Whole first, State::Whole count) {
+Result<State::Whole> frmSentence::show_sentence(State::Whole first, State::Whole count) {
     const auto sentences = program_.open_rows(program_.state.ContentTable);
     for (State::Whole tried = 0; tried < count; ++tried) {
         const auto row = static_cast<State::Whole>((first - 1 + tried) % count + 1);
-        sentences->move_first();
-        sentences->move_forward(row - 1);
+        auto is_there = sentences->move_first();
+        if (is_there.value_or(false)) is_there = sentences->move_forward(row - 1);
+        if (const auto* failure = is_there.failure()) return *failure;
         if (!is_complete(*sentences)) continue;
         const WordClass& asked = kWordClasses[static_cast<std::size_t>(program_.ports.random.draw(3) - 1)];
         wordtype.Text = std::string(asked.shown);
@@ -73,7 +87,7 @@ State::Whole frmSentence::show_sentence(State::Whole first, State::Whole count) 
         Sentence.Text = as_text(sentences->field("Sen"));
         return row;
     }
-    return 0;
+    return State::Whole{0};
 }
 
 }  // namespace marrowfen

@@ -20,14 +20,18 @@ public:
                       {.font = comic(14.25), .back = kYellow, .framed = false}, TextBox::kNoLimit, "Text2"};
     // clang-format on
 
-    void load() override;
+    void load() override;   ///< when no sentence can be read it goes again
     void place() override;  ///< in the upper right corner of the screen
 
     /// How many sentences the table has.
-    [[nodiscard]] State::Whole count_sentences() const;
+    [[nodiscard]] Result<State::Whole> count_sentences() const;
     /// Shows a row of the table's `count`, counted from 1, or the next one that is complete, and asks for one of its
-    /// three words at random. Gives the number of the row on show; 0: no row is complete, and the card stays as it is.
-    State::Whole show_sentence(State::Whole first, State::Whole count);
+    /// three words at random. Gives the number of the row on show; 0: no row is complete. Then, and on failure, the card
+    /// stays as it is.
+    [[nodiscard]] Result<State::Whole> show_sentence(State::Whole first, State::Whole count);
+
+private:
+    [[nodiscard]] Result<State::Whole> show_first_sentence();
 };
 
 }  // namespace marrowfen

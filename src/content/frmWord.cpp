@@ -15,13 +15,15 @@ struct Rhyme {
 };
 
 // A row without a word or an ending can't be played, so it does not count.
-std::vector<Rhyme> rows_of_group(RowSet& words, State::Whole group) {
+Result<std::vector<Rhyme>> rows_of_group(RowSet& words, State::Whole group) {
     std::vector<Rhyme> rhymes;
     const std::string in_group = where_number("id", group);
-    for (words.find_first(in_group); !words.no_match(); words.find_next(in_group)) {
+    auto found = words.find_first(in_group);
+    for (; found.value_or(false); found = words.find_next(in_group)) {
         Rhyme rhyme{as_text(words.field("word")), as_text(words.field("end"))};
         if (!rhyme.word.empty() && !rhyme.ending.empty()) rhymes.push_back(std::move(rhyme));
     }
+    if (const auto* failure = found.failure()) return *failure;
     return rhymes;
 }
 
@@ -45,7 +47,13 @@ void frmWord::load() {
     }
     state.WordCursor = 0;
     state.RhymesLeft = 0;
-    if (draw_word()) {
+    const auto drawn = draw_word();
+    if (const auto* failure = drawn.failure()) {
+        program_.tell_unreadable(*failure);
+        program_.forms.unload(kId);
+        return;
+    }
+    if (drawn.value()) {
         // The first word's own last letter counts as found already.
         state.FoundCount = 1;
         state.WordsFound[1] = theword.Caption->substr(theword.Caption->size() - 1);
@@ -55,11 +63,13 @@ void frmWord::load() {
     state.TypedText.clear();
 }
 
-bool frmWord::draw_word() {
+Result<bool> frmWord::draw_word() {
     State& state = program_.state;
     const auto words = program_.open_rows(state.ContentTable);
     for (; state.WordCursor < kGroupsInAGame; ++state.WordCursor) {
-        const auto rhymes = rows_of_group(*words, state.UsedRowIds[static_cast<std::size_t>(state.WordCursor)]);
+        const auto read = rows_of_group(*words, state.UsedRowIds[static_cast<std::size_t>(state.WordCursor)]);
+        if (const auto* failure = read.failure()) return *failure;
+        const auto& rhymes = read.value();
         const int count = static_cast<int>(rhymes.size());
         if (count < 3) continue;
         // One number says which word is on show and how many others are asked for. It stops short of the last rows, so

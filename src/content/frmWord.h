@@ -18,12 +18,12 @@ public:
     Label end     {*this, {   6495, -15,  1725,  600}, "", comic(20.25), rgb(64, 200, 255)};
     // clang-format on
 
-    void load() override;
+    void load() override;   ///< when no word can be read it goes again
     void place() override;  ///< in the upper right corner of the screen
 
     /// Draws the word for the group at `WordCursor`, or for the next group that has three rows at least. False: there
-    /// is no such group any more, and the card stays as it is.
-    [[nodiscard]] bool draw_word();
+    /// is no such group any more. Then, and on failure, the card stays as it is.
+    [[nodiscard]] Result<bool> draw_word();
     void show_words_left();
 };
 

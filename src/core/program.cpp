@@ -5,12 +5,14 @@
 
 namespace marrowfen {
 
-Program::Program(Desktop& desktop_, const Ports& ports_) : desktop(desktop_), ports(ports_), forms(desktop_) {}
+Program::Program(Desktop& desktop_, const Ports& ports_) : desktop(desktop_), ports(ports_), forms(desktop_) {
+    desktop.on_close_request = [this] { close_requested(); };
+}
 
 std::optional<StoreFailure> Program::open_store() {
-    OpenedStore opened = ports.store.open(path("\\data.mdb"));
-    if (opened.store == nullptr) return opened.failure;
-    state.GameDb = std::move(opened.store);
+    auto opened = ports.store.open(path("\\data.mdb"));
+    if (const auto* failure = opened.failure()) return *failure;
+    state.GameDb = std::move(opened).value();
     return std::nullopt;
 }
 
@@ -34,33 +36,33 @@ void Program::PlayCue(std::string_view name) {
     desktop.yield();
 }
 
-void Program::tell_if_unreadable(const RowSet& rows) {
-    const auto failure = rows.failure();
-    const bool told_already = std::exchange(told_unreadable_, failure.has_value());
-    if (!failure || told_already) return;
-    tell("Sorry, that can't be read just now: " + failure->reason + ". Please tell your teacher.");
-}
-
 std::unique_ptr<RowSet> Program::open_rows(std::string_view table_or_query) {
-    auto rows = state.GameDb->open(table_or_query);
-    tell_if_unreadable(*rows);
-    return rows;
+    return state.GameDb->open(table_or_query);
 }
 
-Value Program::LookupField(std::string_view table, std::string_view field, std::string_view criterion) {
-    const auto rows = state.GameDb->open(table);
-    rows->find_first(criterion);
-    tell_if_unreadable(*rows);
-    return rows->no_match() ? Value{std::int64_t{0}} : rows->field(field);
+Result<Value> Program::LookupField(std::string_view table, std::string_view field, std::string_view criterion) {
+    const auto rows = open_rows(table);
+    const auto found = rows->find_first(criterion);
+    if (const auto* failure = found.failure()) return *failure;
+    return found.value() ? rows->field(field) : Value{std::int64_t{0}};
 }
 
-Value Program::LookupWord(std::string_view table, std::string_view field, std::string_view word) {
+Result<Value> Program::LookupWord(std::string_view table, std::string_view field, std::string_view word) {
     return LookupField(table, field, where_text("Word", word));
 }
 
 void Program::tell(const std::string& message) {
     forms.show(FormId::frmErrmsg);
     if (auto* teller = dynamic_cast<Teller*>(forms.find(FormId::frmErrmsg))) teller->tell(message);
+}
+
+void Program::tell_unreadable(const StoreFailure& failure) {
+    tell("Sorry, that can't be read just now: " + failure.reason + ". Please tell your teacher.");
+}
+
+void Program::close_requested() {
+    auto* keeper = dynamic_cast<Keeper*>(forms.find(FormId::frmScore));
+    if (keeper == nullptr || keeper->keep_before_the_end()) forms.unload_all();
 }
 
 void Program::leave(Exit exit) {
@@ -87,6 +89,14 @@ void Program::leave(Exit exit) {
 }
 
 std::string Program::path(std::string_view below) const { return ports.files.program_folder() + std::string(below); }
+
+Result<std::vector<std::string>> lines_of(RowSet& rows, const std::function<std::string(const RowSet&)>& line) {
+    std::vector<std::string> lines;
+    auto row = rows.move_first();
+    for (; row.value_or(false); row = rows.move_next()) lines.push_back(line(rows));
+    if (const auto* failure = row.failure()) return *failure;
+    return lines;
+}
 
 std::string where_text(std::string_view field, std::string_view text) {
     std::string criterion = std::string(field) + "='";

@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/form_set.h"
 #include "core/state.h"
@@ -45,6 +46,14 @@ public:
     virtual void tell(const std::string& message) = 0;
 };
 
+/// A form that holds what must not be lost when the program ends.
+class Keeper {
+public:
+    virtual ~Keeper() = default;
+    /// False: it can't be kept just now, and the pupil has been told. Asked once more, it lets go.
+    [[nodiscard]] virtual bool keep_before_the_end() = 0;
+};
+
 /// The four buttons that end the program, by the form that they stand on.
 enum class Exit : std::uint8_t { FromSelectGame, FromGames, FromHalloffame, FromTimeUp };
 
@@ -66,27 +75,24 @@ public:
     /// Starts a cue, named as in the sound folder, and yields. Does neither while the sound is off.
     void PlayCue(std::string_view name);
     /// The field of the first row that fits the criterion, or the whole number 0 when none fits.
-    [[nodiscard]] Value LookupField(std::string_view table, std::string_view field, std::string_view criterion);
+    [[nodiscard]] Result<Value> LookupField(std::string_view table, std::string_view field, std::string_view criterion);
     /// The same for the row of a word.
-    [[nodiscard]] Value LookupWord(std::string_view table, std::string_view field, std::string_view word);
-    /// Opens a row set; one that can't be read is empty, and the pupil is told why.
+    [[nodiscard]] Result<Value> LookupWord(std::string_view table, std::string_view field, std::string_view word);
     [[nodiscard]] std::unique_ptr<RowSet> open_rows(std::string_view table_or_query);
 
-    /// Whether the store could not be read when it was last asked. That has been told.
-    [[nodiscard]] bool unreadable() const { return told_unreadable_; }
-
     void tell(const std::string& message);
+    void tell_unreadable(const StoreFailure& failure);  ///< the one sentence for whatever could not be read
     void leave(Exit exit);
+    /// The window system wants the program to end: it does, once a result that waits to be kept has been kept.
+    void close_requested();
 
     /// A file below the program's folder; `below` begins with a backslash.
     [[nodiscard]] std::string path(std::string_view below) const;
-
-private:
-    /// Once, and again only after something could be read: a form that reads whenever it comes back would otherwise
-    /// bring the message back for ever.
-    void tell_if_unreadable(const RowSet& rows);
-    bool told_unreadable_ = false;
 };
+
+/// A line for each row, from the first to the last; all of them or none.
+[[nodiscard]] Result<std::vector<std::string>> lines_of(RowSet& rows,
+                                                        const std::function<std::string(const RowSet&)>& line);
 
 /// `field='text'`, fit for any text: a quote inside is doubled.
 [[nodiscard]] std::string where_text(std::string_view field, std::string_view text);

@@ -1,11 +1,13 @@
 #pragma once
 
 #include <chrono>
+#include <concepts>
 #include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <variant>
 
 namespace marrowfen {
@@ -13,6 +15,24 @@ namespace marrowfen {
 /// Why the store could not do something, as the rest of a sentence for a person: "the disk is full".
 struct StoreFailure {
     std::string reason;
+};
+
+/// What was asked for, or why it can't be had. Whoever asks looks at `failure` first: nullptr means that there is a value.
+template <class T>
+class [[nodiscard]] Result {
+public:
+    template <std::same_as<T> Same>  // nothing that is merely turned into a T, as any pointer is into a bool
+    Result(Same value) : answer_(std::in_place_index<0>, std::move(value)) {}
+    Result(StoreFailure failure) : answer_(std::in_place_index<1>, std::move(failure)) {}
+
+    [[nodiscard]] const StoreFailure* failure() const& { return std::get_if<1>(&answer_); }
+    const StoreFailure* failure() const&& = delete;  // it would not outlive the line
+    [[nodiscard]] const T& value() const& { return std::get<0>(answer_); }
+    [[nodiscard]] T value() && { return std::get<0>(std::move(answer_)); }
+    [[nodiscard]] T value_or(T otherwise) const { return failure() ? std::move(otherwise) : value(); }
+
+private:
+    std::variant<T, StoreFailure> answer_;
 };
 
 /// A field's value: Null, a whole number, text, a date, or a time of day as seconds since midnight.
@@ -23,9 +43,11 @@ using Value =
 [[nodiscard]] std::int16_t as_whole(const Value& value);  ///< text is read as a number; anything else, or too large: 0
 [[nodiscard]] bool as_flag(const Value& value);           ///< Null and 0 are False
 
-/// A cursor over the rows of a table or a saved query, in the source's order, standing on the first row if there is
-/// one. Table and field names are taken without regard to case. A row set whose rows can't be read is empty, and
-/// `failure` says why.
+/// A cursor over the rows of a table or a saved query, in the source's order. Table and field names are taken without
+/// regard to case. It reads nothing before it is asked: opened, it stands on its first row without having seen it.
+///
+/// A move or a search answers whether there is a row where it has led, or why that can't be read; then the row set
+/// stands where it stood, and may be asked again. What was answered is in memory, so that to read a field can't fail.
 ///
 /// A criterion is `field=number` or `field='text'`, several joined by `And`, blanks where one likes; a single quote
 /// inside the text is doubled. Text is compared by Unicode case folding. A criterion that can't be understood, or names
@@ -33,20 +55,18 @@ using Value =
 class RowSet {
 public:
     virtual ~RowSet() = default;
-    [[nodiscard]] virtual std::optional<StoreFailure> failure() const = 0;
 
-    [[nodiscard]] virtual bool at_end() const = 0;
-    [[nodiscard]] virtual std::int64_t row_count() const = 0;  ///< 0 when there are none, otherwise not 0
-    virtual void move_first() = 0;
-    void move_next() { move_forward(1); }
-    virtual void move_forward(std::int64_t rows) = 0;
-    virtual void find_first(std::string_view criterion) = 0;
-    virtual void find_next(std::string_view criterion) = 0;
-    [[nodiscard]] virtual bool no_match() const = 0;
-    /// Of the current row, or of the new one between `add_row` and `update`. Null when there is no such row or field.
+    [[nodiscard]] virtual Result<bool> move_first() = 0;
+    [[nodiscard]] Result<bool> move_next() { return move_forward(1); }
+    [[nodiscard]] virtual Result<bool> move_forward(std::int64_t rows) = 0;  ///< 0: stays
+    [[nodiscard]] virtual Result<bool> find_first(std::string_view criterion) = 0;
+    [[nodiscard]] virtual Result<bool> find_next(std::string_view criterion) = 0;
+    /// Of the row that was answered last, or of the new one between `add_row` and `update`. Null when there is no such
+    /// row or field.
     [[nodiscard]] virtual Value field(std::string_view name) const = 0;
 
-    virtual void add_row() = 0;  ///< begins a new row; a field that the store assigns can be read from now on
+    /// Begins a new row. A field that the store assigns can be read from now on.
+    [[nodiscard]] virtual std::optional<StoreFailure> add_row() = 0;
     virtual void set_field(std::string_view name, Value value) = 0;
     /// Stores the new row. On failure nothing is stored and the row is given up.
     [[nodiscard]] virtual std::optional<StoreFailure> update() = 0;
@@ -58,20 +78,15 @@ public:
 class Store {
 public:
     virtual ~Store() = default;
-    /// Never nullptr. Opening never waits for the whole of a large table.
+    /// Never nullptr. Reads nothing: whether there is such a table or query comes out with the first question.
     [[nodiscard]] virtual std::unique_ptr<RowSet> open(std::string_view table_or_query) = 0;
-};
-
-struct OpenedStore {
-    std::unique_ptr<Store> store;  ///< nullptr when it can't be opened
-    StoreFailure failure;          ///< says why
 };
 
 class StoreEngine {
 public:
     virtual ~StoreEngine() = default;
     /// Opens an existing store, shared, to read and to write. `path` is written with backslashes. Creates nothing.
-    [[nodiscard]] virtual OpenedStore open(std::string_view path) = 0;
+    [[nodiscard]] virtual Result<std::unique_ptr<Store>> open(std::string_view path) = 0;
 };
 
 }  // namespace marrowfen

@@ -23,13 +23,14 @@ public:
     Image   CloseDe   {*this, {   3825, 6690,  2685,  750}, art::kCloseList};
     // clang-format on
 
-    void load() override;
+    void load() override;  ///< without a list to remove from it goes again
 
 private:
     PictureButton delete_{DeleteDe, DeletePre, [this] { delete_pupil(); }};
     PictureButton close_{CloseDe, ClosePre, [this] { close(); }};
 
-    void list_pupils();
+    void list(const std::vector<std::string>& pupils);
+    [[nodiscard]] Result<std::vector<std::string>> read_pupils();
     void delete_pupil();
     void close();
 };

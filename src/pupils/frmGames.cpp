@@ -16,7 +16,7 @@ std::int64_t game_number(const std::string& entry) {
 
 }  // namespace
 
-frmGames::frmGames(Program& program) : ProgramForm(program, {.size = {9735, 8310}}) {
+frmGames::frmGames(Program& program) : ReadingForm(program, {.size = {9735, 8310}}) {
     Snd_On.on_click = [this] { switch_sound(false); };
     sndOff.on_click = [this] { switch_sound(true); };
     Phon_On.on_click = [this] { switch_phonics(false); };
@@ -28,14 +28,21 @@ frmGames::frmGames(Program& program) : ProgramForm(program, {.size = {9735, 8310
 }
 
 void frmGames::load() {
-    program_.state.GameRs = program_.open_rows("sortedgames");
-    List1.clear();
-    RowSet& games = *program_.state.GameRs;
-    for (games.move_first(); !games.at_end(); games.move_next()) {
-        List1.add(as_text(games.field("GameNumber")) + ". " + as_text(games.field("gamename")));
-    }
+    ReadingForm::load();
     switch_sound(program_.state.SoundOn);
     switch_phonics(program_.state.PhonicsOn);
+}
+
+std::optional<StoreFailure> frmGames::read() {
+    program_.state.GameRs = program_.open_rows("sortedgames");
+    const auto games = lines_of(*program_.state.GameRs, [](const RowSet& row) {
+        const std::string number = as_text(row.field("GameNumber"));
+        return number + ". " + as_text(row.field("gamename"));
+    });
+    if (const auto* failure = games.failure()) return *failure;
+    List1.clear();
+    for (const std::string& game : games.value()) List1.add(game);
+    return std::nullopt;
 }
 
 void frmGames::switch_sound(bool on) {
@@ -48,18 +55,25 @@ void frmGames::switch_phonics(bool on) {
     (on ? Phon_On : Phon_OFF).bring_to_front();
 }
 
-void frmGames::choose_selected_game() {
-    program_.state.TemplateID = as_whole(
-        program_.LookupField("templates", "Template_id", where_number("GameNumber", game_number(List1.text()))));
+bool frmGames::has_chosen(const char* otherwise) {
+    if (!is_complete()) {
+        read_or_tell();
+    } else if (List1.selected_count() == 0) {
+        program_.tell(otherwise);
+    }
+    return List1.selected_count() != 0;
+}
+
+Result<Value> frmGames::selected_game() {
+    return program_.LookupField("templates", "Template_id", where_number("GameNumber", game_number(List1.text())));
 }
 
 void frmGames::play() {
-    if (List1.selected_count() == 0) {
-        program_.tell("Please choose a game from the list.");
-        return;
-    }
-    choose_selected_game();
+    if (!has_chosen("Please choose a game from the list.")) return;
+    const auto game = selected_game();
+    if (const auto* failure = game.failure()) return program_.tell_unreadable(*failure);
     State& state = program_.state;
+    state.TemplateID = as_whole(game.value());
     state.HallViewOnly = false;
     using Id = FormId;
     if (is_typing_test(state.TemplateID)) {
@@ -74,22 +88,24 @@ void frmGames::play() {
 }
 
 void frmGames::view_hall_of_fame() {
-    if (List1.selected_count() == 0) {
-        program_.tell("Please choose a game from the list before viewing its high score table.");
-        return;
-    }
-    choose_selected_game();
+    if (!has_chosen("Please choose a game from the list before viewing its high score table.")) return;
+    const auto game = selected_game();
+    if (const auto* failure = game.failure()) return program_.tell_unreadable(*failure);
     State& state = program_.state;
-    if (is_typing_test(state.TemplateID)) {
+    const auto id = as_whole(game.value());
+    if (is_typing_test(id)) {
+        state.TemplateID = id;
         state.TimeLimit = 0;  // its results belong to no team, so none is asked for
         program_.forms.show(FormId::frmHalloffame);
         program_.forms.load<frmHalloffame>().for_viewing_only();
     } else {
+        const auto name = program_.LookupField("templates", "GameName", where_number("Template_ID", id));
+        if (const auto* failure = name.failure()) return program_.tell_unreadable(*failure);
+        state.TemplateID = id;
         program_.forms.show(FormId::frmSettings);
         state.HallViewOnly = true;
-        const Value name = program_.LookupField("templates", "GameName", where_number("Template_ID", state.TemplateID));
         program_.forms.load<frmSettings>().lblIT.Caption =
-            "Please select a team colour to view the high score table for " + as_text(name);
+            "Please select a team colour to view the high score table for " + as_text(name.value());
     }
     program_.forms.unload(kId);
 }

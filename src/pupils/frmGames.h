@@ -7,7 +7,7 @@
 namespace marrowfen {
 
 /// The list of games, and the hub of the program.
-class frmGames final : public ProgramForm {
+class frmGames final : public ReadingForm {
 public:
     static constexpr FormId kId = FormId::frmGames;
     explicit frmGames(Program& program);
@@ -38,7 +38,10 @@ private:
 
     void switch_sound(bool on);
     void switch_phonics(bool on);
-    void choose_selected_game();
+    [[nodiscard]] std::optional<StoreFailure> read() override;
+    /// Whether a game is selected in the list. When none is, the pupil is told `otherwise`, or the list is read first.
+    [[nodiscard]] bool has_chosen(const char* otherwise);
+    [[nodiscard]] Result<Value> selected_game();
     void play();
     void view_hall_of_fame();
     void back();

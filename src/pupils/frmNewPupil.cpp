@@ -23,21 +23,28 @@ void frmNewPupil::next() {
         program_.tell("Please type in your name");
         return;
     }
-    if (as_whole(program_.LookupField("Pupils", "Pupil_ID", where_text("PupilName", name))) != 0) {
+    const auto namesake = program_.LookupField("Pupils", "Pupil_ID", where_text("PupilName", name));
+    if (const auto* failure = namesake.failure()) return program_.tell_unreadable(*failure);
+    if (as_whole(namesake.value()) != 0) {
         program_.tell("This pupil has already been entered");
         return;
     }
-    const auto pupils = program_.open_rows("Pupils");
-    pupils->add_row();
-    pupils->set_field("Pupilname", name);
-    const auto before = std::exchange(program_.state.PupilID, as_whole(pupils->field("Pupil_id")));
-    if (const auto failure = pupils->update()) {
-        program_.state.PupilID = before;
+    if (const auto failure = add(name)) {
         program_.tell("Your name can't be kept just now: " + failure->reason + ". Press Next to try again.");
         return;
     }
     program_.forms.show(FormId::frmGames);
     program_.forms.unload(kId);
+}
+
+std::optional<StoreFailure> frmNewPupil::add(const std::string& name) {
+    const auto pupils = program_.open_rows("Pupils");
+    if (auto failure = pupils->add_row()) return failure;
+    pupils->set_field("Pupilname", name);
+    const auto before = std::exchange(program_.state.PupilID, as_whole(pupils->field("Pupil_id")));
+    auto failure = pupils->update();
+    if (failure) program_.state.PupilID = before;
+    return failure;
 }
 
 }  // namespace marrowfen

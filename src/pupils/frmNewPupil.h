@@ -32,6 +32,7 @@ private:
 
     void back();
     void next();
+    [[nodiscard]] std::optional<StoreFailure> add(const std::string& name);  ///< who is then the pupil who plays
 };
 
 }  // namespace marrowfen

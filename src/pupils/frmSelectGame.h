@@ -8,7 +8,7 @@ namespace marrowfen {
 
 /// The first screen: a pupil finds their own name in the list and clicks it. Alt+D leads a teacher to the removal of
 /// pupils; no screen tells of it.
-class frmSelectGame final : public ProgramForm {
+class frmSelectGame final : public ReadingForm {
 public:
     static constexpr FormId kId = FormId::frmSelectGame;
     static constexpr Colour kPanel{10841914};
@@ -29,15 +29,19 @@ public:
                           Align::Centre};
     // clang-format on
 
-    void activated() override;
+    void load() override {}
+    /// The list is built anew at every return, so that pupils who came or went meanwhile show up.
+    void activated() override { read_or_tell(); }
     void key_down(const KeyEvent& event) override;
-    /// Settles who plays from the name in the box. Without such a pupil a message says so.
-    void RunGame();
+    /// Settles who plays from the name in the box. Without such a pupil a message says so. When the store can't tell,
+    /// nobody is settled.
+    [[nodiscard]] std::optional<StoreFailure> RunGame();
 
 private:
     PictureButton new_player_{NewPlay_De, NewPLay_Pre, [this] { new_player(); }};
     PictureButton exit_{Exitde, Exitpr, [this] { program_.leave(Exit::FromSelectGame); }};
 
+    [[nodiscard]] std::optional<StoreFailure> read() override;
     void pupil_chosen();
     void new_player();
 };

@@ -30,7 +30,8 @@ std::string row(std::optional<std::size_t> row) {
 
 std::string hexadecimal(char32_t code) {
     std::array<char, 8> digits{};
-    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), static_cast<std::uint32_t>(code), 16).ptr;
+    const auto end =
+        std::to_chars(digits.data(), digits.data() + digits.size(), static_cast<std::uint32_t>(code), 16).ptr;
     return "U+" + std::string(digits.data(), end);
 }
 
@@ -214,7 +215,8 @@ std::optional<EventLine> to_event_line(std::string_view text) {
     const std::string_view head = text.substr(1, blank - 1);
     const auto slash = head.find('/');
     const auto after = to_number(head.substr(0, slash));
-    const auto yield = slash == std::string_view::npos ? std::optional<std::int64_t>(0) : to_number(head.substr(slash + 1));
+    const auto yield =
+        slash == std::string_view::npos ? std::optional<std::int64_t>(0) : to_number(head.substr(slash + 1));
     if (!after || !yield) return std::nullopt;
     return EventLine{std::chrono::milliseconds(*after), static_cast<std::size_t>(*yield),
                      std::string(text.substr(blank + 1))};
@@ -224,7 +226,8 @@ std::string to_text(const InputEvent::What& what, const FormSet& forms) {
     return std::visit(
         Match{
             [](const MousePress& press) {
-                return "press" + place(press.at) + button(press.button) + held(press.held, press.button) + row(press.row);
+                return "press" + place(press.at) + button(press.button) + held(press.held, press.button) +
+                       row(press.row);
             },
             [](const MouseMove& move) { return "move" + place(move.at) + held(move.held, MouseButton::None); },
             [](const MouseRelease& release) { return "release" + place(release.at) + button(release.button); },
@@ -234,11 +237,15 @@ std::string to_text(const InputEvent::What& what, const FormSet& forms) {
                        flags(key.alt, key.control, key.command, key.repeats);
             },
             [](const KeyUp& key) { return "up" + key_name(key.key) + flags(key.alt, false, false, key.repeats); },
-            [&](const TextEdit& edit) { return "text" + thing(*edit.box, forms) + " " + quoted(edit.text); },
-            [&](const RowChoice& choice) { return "row" + thing(*choice.list, forms) + " " + std::to_string(choice.row); },
+            [&](const TextEdit& edit) { return "text" + thing(*edit.box, forms) + " " + in_quotes(edit.text); },
+            [&](const RowChoice& choice) {
+                return "row" + thing(*choice.list, forms) + " " + std::to_string(choice.row);
+            },
             [&](const ListDrop& drop) { return (drop.open ? "drop" : "undrop") + thing(*drop.list, forms); },
             [&](const Tick& tick) { return "tick" + thing(*tick.timer, forms); },
-            [](const ScreenSize& size) { return "screen" + place({size.screen.width, size.screen.height}); },
+            [](const ScreenSize& size) {
+                return "screen" + place({size.screen.width, size.screen.height});
+            },
             [](const CloseRequest&) { return std::string("close"); },
         },
         what);

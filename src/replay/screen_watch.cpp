@@ -27,27 +27,27 @@ std::string shown(const Dial& dial) {
 
 std::string shown(const ListBox& list) {
     std::string text = std::to_string(list.entries().size()) + " rows";
-    return list.selected() ? text + ", " + quoted(list.text()) : text;
+    return list.selected() ? text + ", " + in_quotes(list.text()) : text;
 }
 
 std::string shown(Control& control, const std::string& program_folder) {
     if (!control.Visible) return {};
-    std::string text = std::visit(
-        Match{
-            [](const Label* label) { return quoted(label->Caption.get()); },
-            [&](const Image* image) { return shown(image->Picture, program_folder); },
-            [&](const PictureBox* box) { return shown(box->Picture, program_folder); },
-            [](const Shape* shape) {
-                return "at " + std::to_string(shape->Left.get()) + " " + std::to_string(shape->Top.get());
-            },
-            [](const Dial* dial) { return shown(*dial); },
-            [](const TextBox* box) { return quoted(box->Text.get()); },
-            [](const ListBox* list) { return shown(*list); },
-            [](const ComboBox* combo) {
-                return std::to_string(combo->entries().size()) + " rows, " + quoted(combo->Text.get());
-            },
-        },
-        control.any());
+    std::string text =
+        std::visit(Match{
+                       [](const Label* label) { return in_quotes(label->Caption.get()); },
+                       [&](const Image* image) { return shown(image->Picture, program_folder); },
+                       [&](const PictureBox* box) { return shown(box->Picture, program_folder); },
+                       [](const Shape* shape) {
+                           return "at " + std::to_string(shape->Left.get()) + " " + std::to_string(shape->Top.get());
+                       },
+                       [](const Dial* dial) { return shown(*dial); },
+                       [](const TextBox* box) { return in_quotes(box->Text.get()); },
+                       [](const ListBox* list) { return shown(*list); },
+                       [](const ComboBox* combo) {
+                           return std::to_string(combo->entries().size()) + " rows, " + in_quotes(combo->Text.get());
+                       },
+                   },
+                   control.any());
     return text + (control.Enabled ? "" : " idle");
 }
 

@@ -13,7 +13,7 @@ namespace {
 const StoreFailure kNoAnswer{"the recording does not answer"};
 
 // What can fail is `ok`, or `!` and the reason.
-std::string refused(const StoreFailure& failure) { return "!" + quoted(failure.reason); }
+std::string refused(const StoreFailure& failure) { return "!" + in_quotes(failure.reason); }
 std::string outcome(const std::optional<StoreFailure>& failure) { return failure ? refused(*failure) : "ok"; }
 
 std::optional<StoreFailure> to_failure(const std::optional<std::string>& word) {
@@ -39,13 +39,14 @@ public:
         return moved("forward " + std::to_string(rows), [this, rows] { return world_->move_forward(rows); });
     }
     [[nodiscard]] Result<bool> find_first(std::string_view criterion) override {
-        return moved("find " + quoted(criterion), [&] { return world_->find_first(criterion); });
+        return moved("find " + in_quotes(criterion), [&] { return world_->find_first(criterion); });
     }
     [[nodiscard]] Result<bool> find_next(std::string_view criterion) override {
-        return moved("next " + quoted(criterion), [&] { return world_->find_next(criterion); });
+        return moved("next " + in_quotes(criterion), [&] { return world_->find_next(criterion); });
     }
     [[nodiscard]] Value field(std::string_view name) const override {
-        const auto word = tape_.ask(name_ + " field " + std::string(name), [&] { return to_word(world_->field(name)); });
+        const auto word =
+            tape_.ask(name_ + " field " + std::string(name), [&] { return to_word(world_->field(name)); });
         return word ? to_value(*word).value_or(Value{}) : Value{};
     }
     [[nodiscard]] std::optional<StoreFailure> add_row() override {
@@ -137,7 +138,7 @@ std::chrono::seconds TapedClock::time_of_day() const {
 }
 
 std::string TapedClock::short_date(std::chrono::year_month_day date) const {
-    const auto word = tape_.ask("short " + as_text(Value{date}), [&] { return quoted(world_->short_date(date)); });
+    const auto word = tape_.ask("short " + as_text(Value{date}), [&] { return in_quotes(world_->short_date(date)); });
     return word ? Words(*word).take_quoted().value_or("") : std::string{};
 }
 

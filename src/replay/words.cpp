@@ -49,7 +49,7 @@ std::optional<Value> to_date(std::string_view text) {
 
 }  // namespace
 
-std::string quoted(std::string_view text) {
+std::string in_quotes(std::string_view text) {
     std::string word = "\"";
     for (const char c : text) {
         const auto code = static_cast<unsigned char>(c);
@@ -68,7 +68,7 @@ std::string to_word(const Value& value) {
     return std::visit(Match{
                           [](std::monostate) { return std::string("-"); },
                           [](std::int64_t number) { return std::to_string(number); },
-                          [](const std::string& text) { return quoted(text); },
+                          [](const std::string& text) { return in_quotes(text); },
                           [&](std::chrono::year_month_day) { return "d" + as_text(value); },
                           [](std::chrono::seconds time) { return "t" + std::to_string(time.count()); },
                       },

@@ -10,7 +10,7 @@
 namespace marrowfen {
 
 /// In double quotes; a quote, a backslash and control characters are escaped.
-[[nodiscard]] std::string quoted(std::string_view text);
+[[nodiscard]] std::string in_quotes(std::string_view text);
 
 /// A field's value: `-` for Null, a number, a quoted text, `d2026-03-09` or `t36300` (seconds since midnight).
 [[nodiscard]] std::string to_word(const Value& value);
@@ -21,7 +21,7 @@ class Words {
 public:
     explicit Words(std::string_view line) : rest_(line) {}
     [[nodiscard]] bool at_end();
-    [[nodiscard]] std::string take();                          ///< quotes stay; empty at the end
+    [[nodiscard]] std::string take();                         ///< quotes stay; empty at the end
     [[nodiscard]] std::optional<std::string> take_quoted();   ///< without its quotes and escapes
     [[nodiscard]] std::optional<std::int64_t> take_number();  ///< whole, in decimal
 

@@ -31,7 +31,7 @@ constexpr TextBox::Style kDateCell{.font = comic(12), .fore = {16762944}, .back 
 
 }  // namespace
 
-frmHalloffame::frmHalloffame(Program& program) : ProgramForm(program, {.size = {9990, 8400}}) {
+frmHalloffame::frmHalloffame(Program& program) : ReadingForm(program, {.size = {9990, 8400}}) {
     for (const Row& row : kRowPlaces) {
         Pname.add(*this, row.name, TextBox::Mode::ReadOnly, kCell);
         Ptime.add(*this, row.time, TextBox::Mode::ReadOnly, kCell);
@@ -40,38 +40,46 @@ frmHalloffame::frmHalloffame(Program& program) : ProgramForm(program, {.size = {
     }
 }
 
-void frmHalloffame::load() {
+std::optional<StoreFailure> frmHalloffame::read() {
     State& state = program_.state;
     state.GameRs = program_.open_rows("besttimes");
-    Label17.Caption =
-        state.TemplateID == kOldTypingTest
-            ? "Typing Test"
-            : as_text(program_.LookupField("Templates", "GameName", where_number("Template_ID", state.TemplateID)));
     Label1.Caption = std::string(team_name(state.TimeLimit)) + " Team Hall Of Fame";
     Label1.ForeColor = kBlack;
+    if (state.TemplateID == kOldTypingTest) {
+        Label17.Caption = "Typing Test";
+    } else {
+        const auto name = program_.LookupField("Templates", "GameName", where_number("Template_ID", state.TemplateID));
+        if (const auto* failure = name.failure()) return *failure;
+        Label17.Caption = as_text(name.value());
+    }
 
     const std::string of_this_list =
         where_number("GameID", state.TemplateID) + " And " + where_number("timelimit ", state.TimeLimit);
     RowSet& results = *state.GameRs;
-    results.find_first(of_this_list);
-    for (int row = 1; row <= kRows && !results.no_match(); ++row) {
-        fill_row(row, results);
-        results.find_next(of_this_list);
+    auto found = results.find_first(of_this_list);
+    for (int row = 1; row <= kRows && found.value_or(false); ++row) {
+        if (auto failure = fill_row(row, results)) return failure;
+        found = results.find_next(of_this_list);
     }
+    if (const auto* failure = found.failure()) return *failure;
+    return std::nullopt;
 }
 
-void frmHalloffame::fill_row(int row, const RowSet& results) {
+std::optional<StoreFailure> frmHalloffame::fill_row(int row, const RowSet& results) {
     const auto show = [row](ControlArray<TextBox, 1>& column, std::string text) {
         column[row].Text = std::move(text);
         column[row].ForeColor = kBlack;
     };
     const auto pupil = as_whole(results.field("Pupil_id"));
+    const auto name = program_.LookupField("Pupils", "PupilName", where_number("Pupil_ID", pupil));
+    if (const auto* failure = name.failure()) return *failure;
     const Value date = results.field("TheDate");
     const auto* day = std::get_if<std::chrono::year_month_day>(&date);
-    show(Pname, as_text(program_.LookupField("Pupils", "PupilName", where_number("Pupil_ID", pupil))));
+    show(Pname, as_text(name.value()));
     show(Ptime, as_text(results.field("TimeTaken")));
     show(Points, as_text(results.field("Points")));
     show(TheDate, day == nullptr ? std::string{} : program_.ports.clock.short_date(*day));
+    return std::nullopt;
 }
 
 void frmHalloffame::for_viewing_only() {

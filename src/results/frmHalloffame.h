@@ -7,7 +7,7 @@
 namespace marrowfen {
 
 /// The ten best results of one game and one team.
-class frmHalloffame final : public ProgramForm {
+class frmHalloffame final : public ReadingForm {
 public:
     static constexpr FormId kId = FormId::frmHalloffame;
     static constexpr int kRows = 10;
@@ -44,7 +44,6 @@ public:
     Image AnotherDe   {*this, {    7170, 7635,  2730,  660}, art::kAnother};
     // clang-format on
 
-    void load() override;
     void for_viewing_only();  ///< without the way back into the game
 
 private:
@@ -52,7 +51,8 @@ private:
     PictureButton exit_{Exitde, Exitpr, [this] { program_.leave(Exit::FromHalloffame); }};
     PictureButton another_{AnotherDe, AnotherPr, [this] { another_game(); }};
 
-    void fill_row(int row, const RowSet& results);
+    [[nodiscard]] std::optional<StoreFailure> read() override;
+    [[nodiscard]] std::optional<StoreFailure> fill_row(int row, const RowSet& results);
     void play_again();
     void another_game();
 };

@@ -1,5 +1,7 @@
 #include "results/frmScore.h"
 
+#include <utility>
+
 namespace marrowfen {
 
 namespace {
@@ -17,21 +19,28 @@ int points(int elapsed, int limit) {
 
 }  // namespace
 
-frmScore::frmScore(Program& program) : ProgramForm(program, {.size = {6720, 5835}}) {}
+frmScore::frmScore(Program& program) : ReadingForm(program, {.size = {6720, 5835}}) {}
 
 void frmScore::load() {
     const State& state = program_.state;
-    const Value name = program_.LookupField("Pupils", "PupilName", where_number("Pupil_ID", state.PupilID));
-    Label4.Caption = as_text(name) + " your time was:";
     txtTime.Text = minutes_and_seconds(state.TimeElapsed);
     txtpoints.Text = std::to_string(points(state.TimeElapsed, state.TimeLimit));
+    Label4.Caption = "Your time was:";
+    ReadingForm::load();
+}
+
+std::optional<StoreFailure> frmScore::read() {
+    const auto name = program_.LookupField("Pupils", "PupilName", where_number("Pupil_ID", program_.state.PupilID));
+    if (const auto* failure = name.failure()) return *failure;
+    Label4.Caption = as_text(name.value()) + " your time was:";
+    return std::nullopt;
 }
 
 std::optional<StoreFailure> frmScore::save() const {
     State& state = program_.state;
     state.GameRs = program_.open_rows("Hall_of_Fame");
     RowSet& results = *state.GameRs;
-    results.add_row();
+    if (auto failure = results.add_row()) return failure;
     results.set_field("Pupil_id", std::int64_t{state.PupilID});
     results.set_field("TimeTaken", txtTime.Text.get());
     results.set_field("TheDate", program_.ports.clock.today());
@@ -51,6 +60,14 @@ void frmScore::keep_result() {
     }
     program_.forms.show(FormId::frmHalloffame);
     program_.forms.unload(kId);
+}
+
+bool frmScore::keep_before_the_end() {
+    const auto failure = save();
+    if (!failure || std::exchange(asked_to_end_, true)) return true;
+    program_.tell("Your result can't be kept just now: " + failure->reason +
+                  ". Press Hall of Fame to try again, or close once more to leave without it.");
+    return false;
 }
 
 }  // namespace marrowfen

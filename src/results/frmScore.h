@@ -7,7 +7,7 @@
 namespace marrowfen {
 
 /// Time and points of a game that was won or a typing test. Its one button keeps the result and goes on.
-class frmScore final : public ProgramForm {
+class frmScore final : public ReadingForm, public Keeper {
 public:
     static constexpr FormId kId = FormId::frmScore;
     explicit frmScore(Program& program);
@@ -24,10 +24,14 @@ public:
     // clang-format on
 
     void load() override;
+    [[nodiscard]] bool keep_before_the_end() override;
 
 private:
     PictureButton hall_{HallDe, HallPr, [this] { keep_result(); }};
 
+    bool asked_to_end_ = false;
+
+    [[nodiscard]] std::optional<StoreFailure> read() override;
     [[nodiscard]] std::optional<StoreFailure> save() const;
     void keep_result();
 };

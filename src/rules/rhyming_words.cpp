@@ -26,7 +26,11 @@ void RhymingWords::judge(const Answer& answer) {
     const Manner& manner = answer.by == By::Typing ? kTyped : kClicked;
     State& state = program_.state;
     auto* card = program_.forms.find<frmWord>();
-    if (card == nullptr || state.RhymesLeft == 0) return;  // no word could be drawn
+    if (card == nullptr) return;
+    if (state.RhymesLeft == 0) {
+        if (state.WordCursor < kGroupsInAGame) draw_next_word();  // else there is none in the whole store
+        return;
+    }
     card->Image1.Visible = true;
     card->Image1.Picture = Picture::file(program_.path("\\KeyPictures\\Simple\\Upper\\") + answer.letter + ".bmp");
     state.TypedText = in_capitals(answer.letter) + card->end.Caption.get();
@@ -34,7 +38,9 @@ void RhymingWords::judge(const Answer& answer) {
         (void)cue_and_yield(manner.same_word_cue);
         return;
     }
-    const bool right = is_right(answer.letter);
+    const auto judged = is_right(answer.letter);
+    if (const auto* failure = judged.failure()) return program_.tell_unreadable(*failure);
+    const bool right = judged.value();
     if (right && state.RhymesLeft == 1 && state.WordCursor == kGroupsInAGame - 1) set_won();
     if (manner.yields_after_lookup && !yield()) return;
     if (!right) {
@@ -44,9 +50,11 @@ void RhymingWords::judge(const Answer& answer) {
     if (accept(answer.letter, manner.right_cue) && state.RhymesLeft == 0) next_word(manner.finished_cue);
 }
 
-bool RhymingWords::is_right(const std::string& letter) {
+Result<bool> RhymingWords::is_right(const std::string& letter) {
     const State& state = program_.state;
-    if (as_whole(program_.LookupWord(state.ContentTable, "ID", state.TypedText)) == 0) return false;
+    const auto group = program_.LookupWord(state.ContentTable, "ID", state.TypedText);
+    if (const auto* failure = group.failure()) return *failure;
+    if (as_whole(group.value()) == 0) return false;
     const auto found = std::span(state.WordsFound).first(static_cast<std::size_t>(state.FoundCount) + 1);
     return std::ranges::find(found, letter) == found.end();
 }
@@ -69,13 +77,19 @@ void RhymingWords::next_word(std::string_view cue) {
     if (!cue_and_yield(cue)) return;
     state.FoundCount = 0;
     if (auto* found = program_.forms.find<frmWordsUsed>()) found->Wordsfound.Caption = "";
-    auto& card = *program_.forms.find<frmWord>();
     if (state.WordCursor >= kGroupsInAGame - 1) {
         end_game();
         return;
     }
     ++state.WordCursor;
-    if (card.draw_word()) {
+    draw_next_word();
+}
+
+void RhymingWords::draw_next_word() {
+    auto& card = *program_.forms.find<frmWord>();
+    const auto drawn = card.draw_word();
+    if (const auto* failure = drawn.failure()) return program_.tell_unreadable(*failure);
+    if (drawn.value()) {
         card.Image1.Visible = false;
     } else {
         end_game();

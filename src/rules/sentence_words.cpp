@@ -30,19 +30,28 @@ void SentenceWords::word_finished(const Answer& answer) {
     draw_sentence();
 }
 
-// A redrawn row is not held against the entries already passed, so a sentence can come up again, if rarely.
+// Until the next sentence is there, no word is asked for, least of all the old one again.
 void SentenceWords::draw_sentence() {
     State& state = program_.state;
     auto* card = program_.forms.find<frmSentence>();
     if (card == nullptr) return;
-    const State::Whole count = card->count_sentences();
-    if (count == 0) return;
-    const auto draw = [&] { return static_cast<State::Whole>(program_.ports.random.draw(count)); };
+    state.TargetText.clear();
+    const auto row = show_next_sentence(*card);
+    if (const auto* failure = row.failure()) return program_.tell_unreadable(*failure);
+    if (row.value() != 0) state.UsedRowIds[static_cast<std::size_t>(state.TargetPos)] = row.value();
+}
+
+// A redrawn row is not held against the entries already passed, so a sentence can come up again, if rarely.
+Result<State::Whole> SentenceWords::show_next_sentence(frmSentence& card) {
+    State& state = program_.state;
+    auto count = card.count_sentences();
+    if (count.value_or(0) == 0) return count;
+    const auto draw = [&] { return static_cast<State::Whole>(program_.ports.random.draw(count.value())); };
     State::Whole row = draw();
     for (state.KeyScan = 0; state.KeyScan < kRowsCompared; ++state.KeyScan) {
         if (state.UsedRowIds[static_cast<std::size_t>(state.KeyScan)] == row) row = draw();
     }
-    state.UsedRowIds[static_cast<std::size_t>(state.TargetPos)] = card->show_sentence(row, count);
+    return card.show_sentence(row, count.value());
 }
 
 }  // namespace marrowfen

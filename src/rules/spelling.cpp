@@ -17,7 +17,8 @@ constexpr Manner kClicked{"Donkey.au"};
 void Spelling::judge(const Answer& answer) {
     State& state = program_.state;
     auto* found = program_.forms.find<frmWordsUsed>();
-    if (found == nullptr || state.TargetText.empty()) return;
+    if (found == nullptr) return;
+    if (state.TargetText.empty()) return draw_missing_word();
     const std::string target = in_capitals(state.TargetText);
     const Manner& manner = answer.by == By::Typing ? kTyped : kClicked;
 

@@ -4,6 +4,8 @@
 
 namespace marrowfen {
 
+class frmSentence;
+
 /// Spelling a word letter by letter: what picture spelling and sentence words have in common. Wrong letters are taken
 /// back with a cue; the accepted ones stay.
 class Spelling : public Rule {
@@ -17,6 +19,7 @@ protected:
     [[nodiscard]] virtual bool yields_after_showing(By by) const = 0;
     [[nodiscard]] virtual bool is_last_word() const = 0;
     virtual void word_finished(const Answer& answer) = 0;
+    virtual void draw_missing_word() {}  ///< none could be read yet: what is given next tries again
 
     void show_found(const std::string& text);
     void repaint_found();
@@ -43,7 +46,9 @@ private:
     [[nodiscard]] bool yields_after_showing(By by) const override { return by == By::Typing; }
     [[nodiscard]] bool is_last_word() const override;
     void word_finished(const Answer& answer) override;
+    void draw_missing_word() override { draw_sentence(); }
     void draw_sentence();
+    [[nodiscard]] Result<State::Whole> show_next_sentence(frmSentence& card);
 };
 
 }  // namespace marrowfen

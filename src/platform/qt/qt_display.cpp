@@ -46,10 +46,16 @@ void QtDisplay::attach(const Desktop& desktop, InputSink& sink) {
     qApp->installEventFilter(translator_.get());
 }
 
+void QtDisplay::show_whole(Size screen) {
+    if (screen.width <= 0 || screen.height <= 0) return;
+    shown_ = screen;
+    resized();
+}
+
 int QtDisplay::run() { return ended_ ? EXIT_SUCCESS : QApplication::exec(); }
 
 bool QtDisplay::scale_to(QSize size) {
-    const Scale scale(size, window_.devicePixelRatioF());
+    const Scale scale(size, window_.devicePixelRatioF(), shown_);
     if (scale == surroundings_.scale) return false;
     surroundings_.scale = scale;
     static_cast<HouseStyle*>(QApplication::style())

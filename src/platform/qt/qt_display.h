@@ -32,6 +32,7 @@ public:
 
     /// Shows this desktop; `sink` is told what happens. The window opens with the first form.
     void attach(const Desktop& desktop, InputSink& sink);
+    void show_whole(Size screen);  ///< of another computer, in twips: it is to fit this one
     int run();  ///< until the last form has closed, which may have happened before; the program's exit code
 
     [[nodiscard]] Size screen() const override { return scale().screen(); }
@@ -60,6 +61,7 @@ private:
     [[nodiscard]] FormView* view_of(const Form* form) const;
 
     Surroundings surroundings_;
+    Size shown_ = Scale::kDesign;
     Window window_;
     DragView drag_view_;
     const Desktop* desktop_ = nullptr;

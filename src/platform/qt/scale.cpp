@@ -7,17 +7,16 @@ namespace marrowfen {
 
 namespace {
 
-constexpr double kDesignWidth = 1024;
-constexpr double kDesignHeight = 768;
-
 int rounded(double length) { return static_cast<int>(std::floor(length + 0.5)); }
 
 }  // namespace
 
-Scale::Scale(QSize window, double device_pixel_ratio)
+Scale::Scale(QSize window, double device_pixel_ratio, Size shown)
     : window_(window.expandedTo({1, 1})),
       ratio_(device_pixel_ratio),
-      per_twip_(std::min(window_.width() / kDesignWidth, window_.height() / kDesignHeight) * ratio_ / kTwipsPerPixel) {}
+      per_twip_(std::min(static_cast<double>(window_.width()) / shown.width,
+                         static_cast<double>(window_.height()) / shown.height) *
+                ratio_) {}
 
 Size Scale::screen() const {
     return {rounded(window_.width() * ratio_ / per_twip_), rounded(window_.height() * ratio_ / per_twip_)};

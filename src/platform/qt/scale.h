@@ -13,8 +13,9 @@ namespace marrowfen {
 class Scale {
 public:
     Scale() = default;
-    /// The whole design of 1024 x 768 pixels fits the window and is as large as it can be.
-    Scale(QSize window, double device_pixel_ratio);
+    /// The whole of `shown` (twips) fits the window and is as large as it can be.
+    Scale(QSize window, double device_pixel_ratio, Size shown = kDesign);
+    static constexpr Size kDesign{1024 * kTwipsPerPixel, 768 * kTwipsPerPixel};
 
     [[nodiscard]] Size screen() const;  ///< the window's size in twips
     [[nodiscard]] Point twips(QPointF in_window) const;

@@ -22,12 +22,11 @@ std::optional<StoreFailure> insert_row(Connection& connection, const Source& sou
 }
 
 NewRow::NewRow(std::shared_ptr<Connection> connection, const Source& source)
-    : connection_(std::move(connection)), source_(&source), values_(source.fields.size()) {
-    if (source.kind != SourceKind::Lasting) {
-        failure_ = {"no rows can be added to " + source.name};
-    } else if (!source.numbered.empty()) {
-        failure_ = reserve_number();
-    }
+    : connection_(std::move(connection)), source_(&source), values_(source.fields.size()) {}
+
+std::optional<StoreFailure> NewRow::begin() {
+    if (source_->kind != SourceKind::Lasting) return StoreFailure{"no rows can be added to " + source_->name};
+    return source_->numbered.empty() ? std::nullopt : reserve_number();
 }
 
 std::optional<StoreFailure> NewRow::reserve_number() {

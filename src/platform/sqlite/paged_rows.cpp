@@ -18,23 +18,21 @@ void bind_values(Statement& statement, const Wanted& wanted) {
 }  // namespace
 
 PagedRows::PagedRows(std::shared_ptr<Connection> connection, const Source& source, Wanted wanted)
-    : connection_(std::move(connection)), source_(&source), wanted_(std::move(wanted)), complete_(!wanted_) {
-    if (source.fields.empty()) {
-        failure_ = {"there is no table or list of that name in it"};
-        complete_ = true;
-    }
-    read_up_to(0);
-}
+    : connection_(std::move(connection)), source_(&source), wanted_(std::move(wanted)), complete_(!wanted_) {}
 
-void PagedRows::read_up_to(std::int64_t number) {
-    while (!complete_ && number >= count_in_memory()) read_page();
+Result<bool> PagedRows::reach(std::int64_t number) {
+    if (source_->fields.empty()) return StoreFailure{"there is no table or list of that name in it"};
+    while (!complete_ && number >= count_in_memory()) {
+        if (auto failure = read_page()) return *std::move(failure);
+    }
+    return find(number) != nullptr;
 }
 
 const Row* PagedRows::find(std::int64_t number) const {
     return number < 0 || number >= count_in_memory() ? nullptr : &rows_[static_cast<std::size_t>(number)];
 }
 
-void PagedRows::read_page() {
+std::optional<StoreFailure> PagedRows::read_page() {
     const std::int64_t before = count_in_memory();
     const std::int64_t page = std::max(kFirstPage, before);
     Statement statement(*connection_, select_text(*source_, wanted_));
@@ -50,24 +48,26 @@ void PagedRows::read_page() {
         }
         rows_.push_back(std::move(row));
     }
+    if (step == Statement::Step::Failed) {
+        rows_.resize(static_cast<std::size_t>(before));  // a page comes whole or not at all
+        return statement.failure();
+    }
     complete_ = count_in_memory() < before + page;
-    if (step != Statement::Step::Failed) return;
-    failure_ = statement.failure();
-    complete_ = true;
+    return std::nullopt;
 }
 
-std::int64_t PagedRows::count_of_others_up_to(std::int64_t number, const Wanted& other) {
-    if (number < 0 || failure_) return 0;
+Result<std::int64_t> PagedRows::count_of_others_up_to(std::int64_t number, const Wanted& other) const {
+    std::int64_t others = 0;
+    if (number < 0) return others;
     Statement statement(*connection_, comparison_text(*source_, wanted_, other));
     bind_values(statement, wanted_);
     bind_values(statement, other);
-    std::int64_t others = 0;
     auto step = statement.step();
     for (; step == Statement::Step::Row; step = statement.step()) {
         others += statement.whole(1);
         if (statement.whole(0) != 0 && number-- == 0) break;
     }
-    if (step == Statement::Step::Failed) failure_ = statement.failure();
+    if (step == Statement::Step::Failed) return statement.failure();
     return others;
 }
 

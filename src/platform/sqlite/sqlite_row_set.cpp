@@ -16,58 +16,54 @@ const Criterion kWhole;  // every row fits
 SqliteRowSet::SqliteRowSet(std::shared_ptr<Connection> connection, const Source& source)
     : connection_(std::move(connection)), source_(source), rows_(connection_, source, kWhole) {}
 
-void SqliteRowSet::stand_on(Wanted wanted, std::int64_t number) {
-    rows_ = PagedRows(connection_, source_, std::move(wanted));
-    rows_.read_up_to(number);
+// The rows of another search take the place of these once they could be read.
+Result<bool> SqliteRowSet::search(Wanted wanted, std::int64_t number) {
+    PagedRows rows(connection_, source_, std::move(wanted));
+    auto there = rows.reach(number);
+    if (there.failure()) return there;
+    rows_ = std::move(rows);
     number_ = number;
+    return there;
 }
 
-bool SqliteRowSet::at_end() const { return rows_.find(std::max<std::int64_t>(number_, 0)) == nullptr; }
-
-std::int64_t SqliteRowSet::row_count() const {
-    if (rows_.count_in_memory() > 0 || rows_.wanted() == kWhole) return rows_.count_in_memory();
-    return PagedRows(connection_, source_, kWhole).count_in_memory();
+Result<bool> SqliteRowSet::go_to(std::int64_t number) {
+    auto there = rows_.reach(number);
+    if (!there.failure()) number_ = there.value() ? number : rows_.count_in_memory();
+    return there;
 }
 
-void SqliteRowSet::move_first() {
+Result<bool> SqliteRowSet::move_first() {
     new_row_.reset();
-    stand_on(kWhole, 0);
+    return search(kWhole, 0);
 }
 
-void SqliteRowSet::move_forward(std::int64_t rows) {
+Result<bool> SqliteRowSet::move_forward(std::int64_t rows) {
     new_row_.reset();
-    if (rows <= 0 || at_end()) return;
-    if (rows_.wanted() != kWhole) {
-        const std::int64_t up_to_here = rows_.count_of_others_up_to(number_, kWhole);
-        if (rows_.failure()) return give_up_place();
-        stand_on(kWhole, up_to_here - 1);
-    }
-    number_ = rows > std::numeric_limits<std::int64_t>::max() - std::max<std::int64_t>(number_, 0)
-                  ? std::numeric_limits<std::int64_t>::max()
-                  : number_ + rows;
-    rows_.read_up_to(number_);
+    if (rows <= 0) return rows_.reach(number_);
+    const auto beyond = [rows](std::int64_t number) {
+        constexpr auto kLast = std::numeric_limits<std::int64_t>::max();
+        return rows > kLast - std::max<std::int64_t>(number, 0) ? kLast : number + rows;
+    };
+    if (rows_.wanted() == kWhole) return go_to(beyond(number_));
+    auto here = rows_.reach(number_);
+    if (!here.value_or(false)) return here;
+    const auto up_to_here = rows_.count_of_others_up_to(number_, kWhole);
+    if (const auto* failure = up_to_here.failure()) return *failure;
+    return search(kWhole, beyond(up_to_here.value() - 1));
 }
 
-void SqliteRowSet::find_first(std::string_view criterion) {
+Result<bool> SqliteRowSet::find_first(std::string_view criterion) {
     new_row_.reset();
-    stand_on(parse_criterion(criterion, source_), 0);
-    no_match_ = at_end();
+    return search(parse_criterion(criterion, source_), 0);
 }
 
-void SqliteRowSet::find_next(std::string_view criterion) {
+Result<bool> SqliteRowSet::find_next(std::string_view criterion) {
     new_row_.reset();
     auto wanted = parse_criterion(criterion, source_);
-    if (wanted == rows_.wanted()) {
-        if (!at_end()) rows_.read_up_to(++number_);
-    } else {
-        const std::int64_t up_to_here = rows_.count_of_others_up_to(number_, wanted);
-        if (rows_.failure()) {
-            give_up_place();
-        } else {
-            stand_on(std::move(wanted), up_to_here);
-        }
-    }
-    no_match_ = at_end();
+    if (wanted == rows_.wanted()) return go_to(number_ + 1);
+    const auto up_to_here = rows_.count_of_others_up_to(number_, wanted);
+    if (const auto* failure = up_to_here.failure()) return *failure;
+    return search(std::move(wanted), up_to_here.value());
 }
 
 Value SqliteRowSet::field(std::string_view name) const {
@@ -77,9 +73,12 @@ Value SqliteRowSet::field(std::string_view name) const {
     return row && field ? row->values[static_cast<std::size_t>(field - source_.fields.data())] : Value{};
 }
 
-void SqliteRowSet::add_row() {
+std::optional<StoreFailure> SqliteRowSet::add_row() {
     new_row_.reset();  // first, so that a row given up does not stand in the way of the next
     new_row_.emplace(connection_, source_);
+    auto failure = new_row_->begin();
+    if (failure) new_row_.reset();
+    return failure;
 }
 
 void SqliteRowSet::set_field(std::string_view name, Value value) {
@@ -102,7 +101,8 @@ std::optional<StoreFailure> SqliteRowSet::delete_row() {
     Statement statement(*connection_, delete_text(source_));
     statement.bind(row->rowid);
     if (statement.step() == Statement::Step::Failed) return statement.failure();
-    stand_on(kWhole, -1);
+    rows_ = PagedRows(connection_, source_, kWhole);
+    number_ = -1;
     return std::nullopt;
 }
 

@@ -17,30 +17,25 @@ class SqliteRowSet final : public RowSet {
 public:
     SqliteRowSet(std::shared_ptr<Connection> connection, const Source& source);
 
-    [[nodiscard]] std::optional<StoreFailure> failure() const override { return rows_.failure(); }
-    [[nodiscard]] bool at_end() const override;
-    [[nodiscard]] std::int64_t row_count() const override;
-    void move_first() override;
-    void move_forward(std::int64_t rows) override;
-    void find_first(std::string_view criterion) override;
-    void find_next(std::string_view criterion) override;
-    [[nodiscard]] bool no_match() const override { return no_match_; }
+    [[nodiscard]] Result<bool> move_first() override;
+    [[nodiscard]] Result<bool> move_forward(std::int64_t rows) override;
+    [[nodiscard]] Result<bool> find_first(std::string_view criterion) override;
+    [[nodiscard]] Result<bool> find_next(std::string_view criterion) override;
     [[nodiscard]] Value field(std::string_view name) const override;
 
-    void add_row() override;
+    [[nodiscard]] std::optional<StoreFailure> add_row() override;
     void set_field(std::string_view name, Value value) override;
     [[nodiscard]] std::optional<StoreFailure> update() override;
     [[nodiscard]] std::optional<StoreFailure> delete_row() override;
 
 private:
-    void stand_on(Wanted wanted, std::int64_t number);
-    void give_up_place() { number_ = rows_.count_in_memory(); }  ///< at the end: the way on can't be read
+    [[nodiscard]] Result<bool> search(Wanted wanted, std::int64_t number);
+    [[nodiscard]] Result<bool> go_to(std::int64_t number);
 
     std::shared_ptr<Connection> connection_;
     const Source& source_;
     PagedRows rows_;
     std::int64_t number_ = 0;  // in rows_; -1: before the first row
-    bool no_match_ = false;
     std::optional<NewRow> new_row_;
 };
 

@@ -27,18 +27,18 @@ private:
 SqliteStoreEngine::SqliteStoreEngine(const Files& files, std::chrono::milliseconds busy_timeout)
     : files_(files), busy_timeout_(busy_timeout) {}
 
-OpenedStore SqliteStoreEngine::open(std::string_view path) {
+Result<std::unique_ptr<Store>> SqliteStoreEngine::open(std::string_view path) {
     const auto file = files_.find(path);
-    if (!file) return {nullptr, {"there is no such file"}};
-    if (auto failure = check_place(*file)) return {nullptr, *failure};
+    if (!file) return StoreFailure{"there is no such file"};
+    if (auto failure = check_place(*file)) return *failure;
     auto connection = std::make_shared<Connection>(*file, Connection::Mode::Existing, busy_timeout_);
     auto failure = connection->open_failure();
     if (!failure && connection->read_only()) failure = {"the file is read-only"};
     if (!failure) failure = check_identity(*connection);
     if (!failure) failure = connection->prepare_to_write();
     if (!failure) failure = check_tables(*connection);
-    if (failure) return {nullptr, *failure};
-    return {std::make_unique<SqliteStore>(std::move(connection)), {}};
+    if (failure) return *failure;
+    return std::unique_ptr<Store>(std::make_unique<SqliteStore>(std::move(connection)));
 }
 
 }  // namespace marrowfen

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <memory>
 
 #include "platform/files.h"
 #include "platform/store.h"
@@ -17,7 +18,7 @@ public:
     /// `busy_timeout`: how long one operation waits for another computer that is writing.
     explicit SqliteStoreEngine(const Files& files, std::chrono::milliseconds busy_timeout = kBusyTimeout);
 
-    [[nodiscard]] OpenedStore open(std::string_view path) override;
+    [[nodiscard]] Result<std::unique_ptr<Store>> open(std::string_view path) override;
 
 private:
     const Files& files_;
