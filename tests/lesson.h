@@ -24,6 +24,15 @@ inline constexpr std::array kWays{Way::SmallLetters, Way::Capitals, Way::Mouse, 
 
 enum class Phonics : std::uint8_t { On, Off };
 
+/// Changes the content as no teacher should.
+inline void spoil_store(const Classroom& room, const std::string& sql) {
+    sqlite3* opened = nullptr;
+    const int result = sqlite3_open((room.folder.path() / "data.mdb").c_str(), &opened);
+    const std::unique_ptr<sqlite3, decltype(&sqlite3_close)> file(opened, &sqlite3_close);
+    ASSERT_EQ(result, SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(opened, sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK) << sqlite3_errmsg(opened);
+}
+
 /// Ann sits before the list of games, and knows every answer.
 class Lesson {
 public:
@@ -38,14 +47,7 @@ public:
     Lesson& operator=(const Lesson&) = delete;
     ~Lesson() = default;
 
-    /// Changes the content as no teacher should.
-    void spoil_store(const std::string& sql) {
-        sqlite3* opened = nullptr;
-        const int result = sqlite3_open((room.folder.path() / "data.mdb").c_str(), &opened);
-        const std::unique_ptr<sqlite3, decltype(&sqlite3_close)> file(opened, &sqlite3_close);
-        ASSERT_EQ(result, SQLITE_OK);
-        ASSERT_EQ(sqlite3_exec(opened, sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK) << sqlite3_errmsg(opened);
-    }
+    void spoil_store(const std::string& sql) { marrowfen::spoil_store(room, sql); }
 
     void switches(Phonics phonics) {
         if (room.state().PhonicsOn == (phonics == Phonics::On)) return;

@@ -160,6 +160,7 @@ TEST_F(Judging, LettersThatComeWhileAWordIsBeingFinishedBelongToTheNextWord) {
 }
 
 TEST_F(Judging, ATileThatIsDroppedWaitsAndMeansTheLetterThatWasLetGo) {
+    spoil_store("UPDATE Templates SET Panels=4 WHERE Template_ID=18");
     begins(18);
     room.display.during_yield([this] { drags(tile(1)); });
     ann.types(tile(0).Tag.get());

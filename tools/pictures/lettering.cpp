@@ -1,6 +1,7 @@
 #include "lettering.h"
 
 #include <QByteArray>
+#include <QPainterPathStroker>
 #include <QPolygonF>
 #include <QString>
 #include <QTransform>
@@ -39,6 +40,18 @@ qreal optical_middle(const QPainterPath& outline) {
     return (1 - kShareOfWeight) * outline.boundingRect().center().x() + kShareOfWeight * middle_of_weight(outline);
 }
 
+/// The stroke inside a zero, which tells it from an O on a key that stands alone. It ends in the ring, for
+/// a longer one would make it yet another letter.
+QPainterPath stroke_in_zero(const QRectF& zero) {
+    constexpr qreal kWidth = 2.4;
+    const QPointF reach(0.27 * zero.width(), -0.25 * zero.height());
+    QPainterPath line(zero.center() - reach);
+    line.lineTo(zero.center() + reach);
+    QPainterPathStroker stroker;
+    stroker.setWidth(kWidth);
+    return stroker.createStroke(line);
+}
+
 }  // namespace
 
 Lettering::Lettering(const std::filesystem::path& typeface) {
@@ -68,7 +81,9 @@ QPainterPath Lettering::outline(char character) const {
     const qreal scale = small ? small_scale_ : capital_scale_;
     const QPainterPath raw = raw_outline(character);
     const qreal left = kCapTop.center().x() - optical_middle(raw) * scale;
-    return QTransform(scale, 0, 0, scale, left, small ? small_baseline_ : capital_baseline_).map(raw);
+    const QPainterPath placed =
+        QTransform(scale, 0, 0, scale, left, small ? small_baseline_ : capital_baseline_).map(raw);
+    return character == '0' ? placed.united(stroke_in_zero(placed.boundingRect())) : placed;
 }
 
 }  // namespace marrowfen

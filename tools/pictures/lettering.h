@@ -7,7 +7,8 @@
 namespace marrowfen {
 
 /// Letters as they stand on a key cap: all capitals and digits of one size on one line, all small
-/// letters of one size on another, so that a child sees what reaches up and what hangs down.
+/// letters of one size on another, so that a child sees what reaches up and what hangs down. A zero has
+/// a stroke, an O has none.
 class Lettering {
 public:
     /// Throws Failure where the file holds no typeface. Needs a QGuiApplication.
