@@ -1,3 +1,7 @@
+#include <sqlite3.h>
+
+#include <functional>
+
 #include "board/frmSimpleKeyBoard.h"
 #include "classroom.h"
 #include "content/frmPictureCard.h"
@@ -124,22 +128,74 @@ TEST(Score, KeepsTheResultAsItIsSavedAndShowsItInTheHall) {
     EXPECT_EQ(room.state().TemplateID, kTiles);
 }
 
-TEST(Score, StaysWhenTheResultCantBeKeptAndTriesAgain) {
-    School school;
-    Classroom& room = school.room;
-    school.plays(kRedTeam);
-    room.seconds_pass(6);
-    school.ann.fills_keys(36);
-    room.engine.refuses_writes = true;
-    for (int tries = 0; tries < 2; ++tries) {
-        school.ann.presses(&frmScore::HallDe);
-        EXPECT_NE(room.message().find("the disk is full"), std::string::npos) << room.message();
-        school.ann.presses(&frmErrmsg::ContinueDe);
-        EXPECT_TRUE(room.is_open(FormId::frmScore));
+TEST(Score, IsKeptBeforeTheProgramCloses) {
+    struct Case {
+        bool disk_is_full, and_then_again;
+        std::size_t kept;
+    };
+    for (const Case& c : {Case{false, false, 1}, {true, true, 0}, {true, false, 1}}) {
+        School school;
+        Classroom& room = school.room;
+        school.plays(kRedTeam);
+        school.ann.fills_keys(36);
+        room.engine.refuses_writes = c.disk_is_full;
+        room.program.close_requested();
+        EXPECT_EQ(room.display.ended(), !c.disk_is_full) << room.message();
+        EXPECT_EQ(room.message().find("the disk is full") != std::string::npos, c.disk_is_full) << room.message();
+        room.engine.refuses_writes = c.and_then_again;
+        if (c.disk_is_full) room.program.close_requested();
+        EXPECT_TRUE(room.display.ended()) << "at the second request in any case";
+        EXPECT_EQ(room.results(), std::vector<Kept>(c.kept, {"Ann", "0:00", 60, 100, kTiles}));
     }
-    room.engine.refuses_writes = false;
-    school.ann.presses(&frmScore::HallDe);
-    EXPECT_EQ(room.results(), (std::vector<Kept>{{"Ann", "0:06", 60, 90, kTiles}})) << "once, and not three times";
+    School playing;
+    playing.plays(kRedTeam);
+    playing.room.program.close_requested();
+    EXPECT_TRUE(playing.room.display.ended());
+}
+
+/// Counts the SELECTs of every connection that is opened during its life.
+class SelectCounter {
+public:
+    SelectCounter() {
+        count_ = 0;
+        sqlite3_auto_extension(reinterpret_cast<void (*)()>(&watch));
+    }
+    ~SelectCounter() { sqlite3_reset_auto_extension(); }
+    SelectCounter(const SelectCounter&) = delete;
+    SelectCounter& operator=(const SelectCounter&) = delete;
+    int during(const std::function<void()>& action) {
+        const int before = count_;
+        action();
+        return count_ - before;
+    }
+
+private:
+    static int watch(sqlite3* connection, const char**, const struct sqlite3_api_routines*) {
+        return sqlite3_trace_v2(connection, SQLITE_TRACE_STMT, &count, nullptr);
+    }
+    static int count(unsigned, void*, void*, void* sql) {
+        count_ += std::string_view(static_cast<const char*>(sql)).starts_with("SELECT") ? 1 : 0;
+        return 0;
+    }
+    static inline int count_ = 0;
+};
+
+TEST(Results, ReadNoMoreThanTheyNeed) {
+    SelectCounter selects;
+    School school(std::vector<Kept>(12, {"Ben", "0:10", 60, 20, kTiles}));
+    Program& program = school.room.program;
+    EXPECT_EQ(selects.during([&] { EXPECT_NE(program.open_rows("Pupils"), nullptr); }), 0);
+    EXPECT_EQ(selects.during([&] {
+        EXPECT_EQ(as_whole(program.LookupField("Pupils", "Pupil_ID", "PupilName='Ben'").value()), 2);
+    }),
+              1);
+    school.plays(kRedTeam);
+    school.ann.fills_keys(36);
+    EXPECT_EQ(selects.during([&] { program.forms.show(FormId::frmHalloffame); }), 1 + 1 + 10) << "heading, list, names";
+    EXPECT_EQ(school.hall().size(), 10U);
+    EXPECT_EQ(selects.during([&] { program.close_requested(); }), 0)
+        << "a result is kept without a look at the old ones";
+    EXPECT_EQ(school.room.results().size(), 13U);
 }
 
 TEST(HallOfFame, RanksTheMostPointsOfOneGameAndTeamFirstAndTheEarlierOfEquals) {

@@ -64,7 +64,8 @@ protected:
 
     static std::vector<std::string> walk(RowSet& set, std::string_view field) {
         std::vector<std::string> found;
-        for (auto row = set.move_first(); row.value(); row = set.move_next()) found.push_back(as_text(set.field(field)));
+        for (auto row = set.move_first(); row.value(); row = set.move_next())
+            found.push_back(as_text(set.field(field)));
         return found;
     }
 

@@ -26,8 +26,8 @@ public:
     /// How many sentences the table has.
     [[nodiscard]] Result<State::Whole> count_sentences() const;
     /// Shows a row of the table's `count`, counted from 1, or the next one that is complete, and asks for one of its
-    /// three words at random. Gives the number of the row on show; 0: no row is complete. Then, and on failure, the card
-    /// stays as it is.
+    /// three words at random. Gives the number of the row on show; 0: no row is complete. Then, and on failure, the
+    /// card stays as it is.
     [[nodiscard]] Result<State::Whole> show_sentence(State::Whole first, State::Whole count);
 
 private:

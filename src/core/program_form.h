@@ -1,5 +1,9 @@
 #pragma once
 
+#include <cstdint>
+#include <optional>
+#include <utility>
+
 #include "core/program.h"
 #include "platform/forms/form.h"
 
@@ -15,37 +19,35 @@ protected:
 };
 
 /// A form that shows what the store holds. What can't be read as it opens is told, and is read again whenever the form
-/// comes back to the front. It also comes back from that very message, which does not follow on itself for ever: of
-/// several failures in a row every other one is told.
+/// comes back to the front. When it comes back from a message nothing more is told: a drive that is gone would bring
+/// the message back for ever.
 class ReadingForm : public ProgramForm {
 public:
     using ProgramForm::ProgramForm;
-    void load() override { read_or_tell(); }
+    void load() override { read_and(Failing::IsTold); }
     void activated() override {
-        if (!complete_) read_or_tell();
+        if (!complete_) read_again();
     }
+    void deactivated() override { under_message_ = program_.forms.find(FormId::frmErrmsg) != nullptr; }
 
 protected:
     /// Shows what it has read. On failure it leaves alone what is on show, or shows less than there is.
     [[nodiscard]] virtual std::optional<StoreFailure> read() = 0;
     [[nodiscard]] bool is_complete() const { return complete_; }
-    void read_or_tell() {
+
+    enum class Failing : std::uint8_t { IsTold, IsSilent };
+    void read_and(Failing failing) {
         const auto failure = read();
         complete_ = !failure;
-        if (failure && !told_) {
-            tell_unreadable(*failure);
-        } else {
-            told_ = false;
-        }
+        if (!failure || failing == Failing::IsSilent) return;
+        under_message_ = true;
+        program_.tell_unreadable(*failure);
     }
-    void tell_unreadable(const StoreFailure& failure) {
-        told_ = true;
-        program_.tell_unreadable(failure);
-    }
+    void read_again() { read_and(std::exchange(under_message_, false) ? Failing::IsSilent : Failing::IsTold); }
 
 private:
     bool complete_ = false;
-    bool told_ = false;  ///< the message that is on show, or has just gone, says so
+    bool under_message_ = false;
 };
 
 /// A form that hands every character to the game before its controls see it, so that a game hears the keyboard

@@ -17,7 +17,8 @@ struct StoreFailure {
     std::string reason;
 };
 
-/// What was asked for, or why it can't be had. Whoever asks looks at `failure` first: nullptr means that there is a value.
+/// What was asked for, or why it can't be had. Whoever asks looks at `failure` first: nullptr means that there is a
+/// value.
 template <class T>
 class [[nodiscard]] Result {
 public:

@@ -57,7 +57,7 @@ void frmGames::switch_phonics(bool on) {
 
 bool frmGames::has_chosen(const char* otherwise) {
     if (!is_complete()) {
-        read_or_tell();
+        read_and(Failing::IsTold);
     } else if (List1.selected_count() == 0) {
         program_.tell(otherwise);
     }

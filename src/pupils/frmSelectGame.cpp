@@ -45,7 +45,7 @@ std::optional<StoreFailure> frmSelectGame::RunGame() {
 }
 
 void frmSelectGame::pupil_chosen() {
-    if (const auto failure = RunGame()) return tell_unreadable(*failure);
+    if (const auto failure = RunGame()) return program_.tell_unreadable(*failure);
     program_.forms.show(FormId::frmGames);
     program_.forms.hide(kId);
 }

@@ -31,7 +31,7 @@ public:
 
     void load() override {}
     /// The list is built anew at every return, so that pupils who came or went meanwhile show up.
-    void activated() override { read_or_tell(); }
+    void activated() override { read_again(); }
     void key_down(const KeyEvent& event) override;
     /// Settles who plays from the name in the box. Without such a pupil a message says so. When the store can't tell,
     /// nobody is settled.

@@ -15,9 +15,10 @@ struct Row {
     std::vector<Value> values;
 };
 
-/// The rows of a source that fit a criterion, numbered from 0 in the source's order. They come into memory when they are
-/// asked for, in pages that double, and what has come stays. The next page goes on by number, so that nothing is locked
-/// between two: when another computer adds or removes an earlier row just then, a row can be missed or come twice.
+/// The rows of a source that fit a criterion, numbered from 0 in the source's order. They come into memory when they
+/// are asked for, in pages that double, and what has come stays. The next page goes on by number, so that nothing is
+/// locked between two: when another computer adds or removes an earlier row just then, a row can be missed or come
+/// twice.
 class PagedRows {
 public:
     PagedRows(std::shared_ptr<Connection> connection, const Source& source, Wanted wanted);
