@@ -65,9 +65,15 @@ std::ostream& operator<<(std::ostream& out, const Kept& result) {
                << result.game;
 }
 
-Classroom::Classroom(const std::vector<std::string>& pupils) {
+Classroom::Classroom(const std::vector<std::string>& pupils, const std::filesystem::path& recording)
+    : desktop(begin_recording(recording) ? recorder->display() : display),
+      program(desktop, recorder ? recorder->ports() : Ports{engine, sound, clock, random, files}) {
     std::filesystem::copy_file(built_store(), folder.path() / "data.mdb");
     display.attach(desktop);
+    if (recorder) {
+        recorder->attach(program);
+        display.attach(*recorder);
+    }
     program.referee = &referee;
     define_all_forms(program);
     const auto rows = store().open("Pupils");
@@ -78,6 +84,12 @@ Classroom::Classroom(const std::vector<std::string>& pupils) {
     }
 }
 
+bool Classroom::begin_recording(const std::filesystem::path& recording) {
+    if (recording.empty()) return false;
+    recorder.emplace(tape.emplace(recording), display, Ports{engine, sound, clock, random, files});
+    return true;
+}
+
 Classroom::~Classroom() {
     EXPECT_EQ(random.unused(), 0U) << "scripted draws were not needed";
     EXPECT_FALSE(display.has_pending_events()) << "a yield that something was to happen in never came";
@@ -86,6 +98,7 @@ Classroom::~Classroom() {
 void Classroom::start() {
     const auto failure = program.start();
     ASSERT_FALSE(failure) << failure->reason;
+    if (recorder) recorder->started();
 }
 
 std::string Classroom::folder_in_logic() const {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -12,6 +13,7 @@
 #include "platform/headless/scripted.h"
 #include "platform/sqlite/sqlite_store.h"
 #include "platform/system/disk_files.h"
+#include "replay/recorder.h"
 #include "rules/game_referee.h"
 #include "stubborn_store.h"
 
@@ -41,21 +43,25 @@ std::ostream& operator<<(std::ostream& out, const Kept& result);
 /// never came fail the test.
 class Classroom {
 public:
-    explicit Classroom(const std::vector<std::string>& pupils = {"Ann", "Ben"});
+    /// With a file named, the run is recorded there.
+    explicit Classroom(const std::vector<std::string>& pupils = {"Ann", "Ben"},
+                       const std::filesystem::path& recording = {});
     Classroom(const Classroom&) = delete;
     Classroom& operator=(const Classroom&) = delete;
     ~Classroom();
 
     TemporaryFolder folder;
     HeadlessDisplay display;
-    Desktop desktop{display};
     DiskFiles files{folder.path()};
     SqliteStoreEngine sqlite{files};
     StubbornEngine engine{sqlite};
     SoundRecorder sound;
     ScriptedClock clock;
     ScriptedRandom random;
-    Program program{desktop, {engine, sound, clock, random, files}};
+    std::optional<RecordingTape> tape;
+    std::optional<Recorder> recorder;
+    Desktop desktop;
+    Program program;
     GameReferee referee{program};
 
     void start();  ///< fails the test when the program can't start
@@ -82,6 +88,7 @@ public:
     [[nodiscard]] std::vector<std::string> heard_and_forgotten();
 
 private:
+    [[nodiscard]] bool begin_recording(const std::filesystem::path& recording);
     std::unique_ptr<Store> store_;
 };
 

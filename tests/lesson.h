@@ -36,10 +36,10 @@ inline void spoil_store(const Classroom& room, const std::string& sql) {
 /// Ann sits before the list of games, and knows every answer.
 class Lesson {
 public:
-    Classroom room{{"Ann"}};
+    Classroom room;
     Pupil ann{room};
 
-    Lesson() {
+    explicit Lesson(const std::filesystem::path& recording = {}) : room({"Ann"}, recording) {
         room.start();
         ann.sits_down("Ann");
     }

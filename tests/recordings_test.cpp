@@ -1,0 +1,108 @@
+#include <algorithm>
+#include <fstream>
+
+#include "classroom.h"
+#include "replay/player.h"
+
+namespace marrowfen {
+namespace {
+
+namespace fs = std::filesystem;
+using Lines = std::vector<std::string>;
+
+Lines lines_of(const fs::path& file) {
+    std::string reason;
+    const auto lines = read_recording(file, reason);
+    EXPECT_TRUE(lines) << file << ": " << reason;
+    return lines.value_or(Lines{});
+}
+
+/// Without a screen, a store or a sound. Gives what it complained about.
+std::string replay(const Lines& lines, bool* ended = nullptr) {
+    DiskFiles files("/no/such/folder");
+    Player player(lines, files, {});
+    Desktop desktop(player.display());
+    Program program(desktop, player.ports());
+    GameReferee referee(program);
+    program.referee = &referee;
+    define_all_forms(program);
+    player.attach(program);
+    if (!program.start()) player.started();
+    while (player.next_after()) player.step();
+    if (ended != nullptr) *ended = player.ended();
+    return player.complaint();
+}
+
+std::vector<fs::path> recordings() {
+    std::vector<fs::path> files;
+    for (const auto& entry : fs::directory_iterator(MARROWFEN_RECORDINGS)) files.push_back(entry.path());
+    std::ranges::sort(files);
+    return files;
+}
+
+TEST(Recordings, OfAllGamesComeToTheSameEndWhenTheyArePlayedAgain) {
+    EXPECT_GE(recordings().size(), 34U);
+    for (const fs::path& file : recordings()) {
+        bool ended = false;
+        EXPECT_EQ(replay(lines_of(file), &ended), "") << file;
+        EXPECT_TRUE(ended) << file;
+    }
+}
+
+TEST(Recordings, ARunThatGoesAnotherWayIsToldWithItsEventAndForm) {
+    const Lines lines = lines_of(fs::path(MARROWFEN_RECORDINGS) / "game-26.txt");
+    const auto line = [&](std::string_view beginning) {
+        const auto found = std::ranges::find_if(lines, [&](const auto& l) { return l.starts_with(beginning); });
+        EXPECT_NE(found, lines.end()) << beginning;
+        return static_cast<std::size_t>(found - lines.begin());
+    };
+    struct Case {
+        std::size_t line;
+        std::string instead, found;
+    };
+    const std::vector<Case> cases{
+        {line("> cue"), "> cue moo.au", "Found:    > cue "},
+        {line("> frmPictureCard.0"), "> frmPictureCard.0 elephant", "Found:    > frmPictureCard.0 "},
+        {line("< rows 2 find"), "< rows 2 find \"x\" = 1", "Found:    < rows 2 find"},
+        {line("> here frmSettings"), "> here frmScore", "Found:    > here frmSettings"},
+        {line("< draw"), "> draw", "Found:    < draw"},
+        {line("+"), "+0 text frmGames.99 \"x\"", "Found:    an event that nothing here can take"},
+        {line("> gone frmGames"), "+0 press 0 0", "Found:    > gone frmGames"},
+    };
+    for (const Case& c : cases) {
+        Lines changed = lines;
+        changed[c.line] = c.instead;
+        const std::string complaint = replay(changed);
+        EXPECT_TRUE(complaint.starts_with("The run goes another way than its recording, at line " +
+                                          std::to_string(c.line + 2) + ", after "))
+            << complaint;
+        EXPECT_NE(complaint.find("\nExpected: " + c.instead), std::string::npos) << complaint;
+        EXPECT_NE(complaint.find(c.found), std::string::npos) << complaint;
+    }
+    Lines more = lines;
+    more.insert(more.begin() + static_cast<std::ptrdiff_t>(line("+2")), "> cue moo.au");
+    EXPECT_NE(replay(more).find("Found:    nothing more"), std::string::npos);
+}
+
+TEST(Recordings, OneThatBreaksOffAnywhereIsPlayedUpToThere) {
+    const Lines lines = lines_of(fs::path(MARROWFEN_RECORDINGS) / "game-27.txt");
+    for (std::size_t length = 0; length < lines.size(); ++length) {
+        EXPECT_EQ(replay({lines.begin(), lines.begin() + static_cast<std::ptrdiff_t>(length)}), "") << length;
+    }
+}
+
+TEST(Recordings, AreReadOnlyIfTheyAreRecordings) {
+    const TemporaryFolder folder;
+    const fs::path file = folder.path() / "run.txt";
+    const auto write = [&](const std::string& text) { std::ofstream(file, std::ios::binary) << text; };
+    std::string reason;
+    EXPECT_FALSE(read_recording(file, reason));
+    write("marrowfen recording 2\n");
+    EXPECT_FALSE(read_recording(file, reason));
+    EXPECT_NE(reason.find("another version"), std::string::npos);
+    write("marrowfen recording 1\r\n> screen 1 2\r\n+5 key U+6");
+    EXPECT_EQ(read_recording(file, reason), Lines{"> screen 1 2"}) << "a line that was cut short does not count";
+}
+
+}  // namespace
+}  // namespace marrowfen
