@@ -106,6 +106,12 @@ TEST_F(Forms, CommandsAreNoTextAndWhatAHeldKeyRepeatsIsForTheFormThatItWasPresse
     Toy& b = open("b", {0, 500});
     EXPECT_EQ(display.tell(KeyDown{.key = Key::Enter, .repeats = true, .character = U'\r'}), Taker::Nobody);
     EXPECT_EQ(said(), Log{});
+    display.tell(KeyUp{.code = 10}), display.tell(KeyDown{.key = Key::Enter, .character = U'\r', .code = 36});
+    EXPECT_EQ(said(), (Log{"b box key up", "b box \r"})) << "what came up before was another key";
+    desktop.show(a), log.clear();
+    display.tell(KeyUp{.code = 36}), display.tell(KeyDown{.key = Key::Enter, .character = U'\r', .code = 36});
+    EXPECT_EQ(said(), (Log{"a box key up"})) << "up and down at one moment is a repeat, too";
+    desktop.show(b), log.clear();
     display.tell(KeyDown{.character = U'f'}), display.tell(KeyDown{.repeats = true, .character = U'f'});
     EXPECT_EQ(said(), (Log{"b box f", "b box f"}));
     b.list.on_enter_key = [&] { b.say("enter"); };

@@ -37,8 +37,8 @@ std::string hexadecimal(char32_t code) {
 
 std::string key_name(Key key) { return key == Key::Enter ? " Enter" : key == Key::D ? " D" : ""; }
 
-std::string flags(bool alt, bool control, bool command, bool repeats) {
-    return std::string(alt ? " alt" : "") + (control ? " control" : "") + (command ? " command" : "") +
+std::string flags(bool alt, bool control, bool command, bool repeats, std::uint32_t code) {
+    return (code == 0 ? "" : " c" + std::to_string(code)) + (alt ? " alt" : "") + (control ? " control" : "") + (command ? " command" : "") +
            (repeats ? " repeats" : "");
 }
 
@@ -150,7 +150,9 @@ private:
         while (good_ && !words_.at_end()) {
             const std::string word = words_.take();
             std::uint32_t code = 0;
-            if (word == "Enter" || word == "D") {
+            if (word.starts_with("c") && word != "control" && word != "command") {
+                key.code = static_cast<std::uint32_t>(lettered(word, 'c').value_or(0));
+            } else if (word == "Enter" || word == "D") {
                 key.key = word == "D" ? Key::D : Key::Enter;
             } else if (word.starts_with("U+") &&
                        std::from_chars(word.data() + 2, word.data() + word.size(), code, 16).ec == std::errc{}) {
@@ -171,7 +173,7 @@ private:
     }
     KeyUp key_up() {
         const KeyDown key = key_down();
-        return {key.key, key.alt, key.repeats};
+        return {key.key, key.alt, key.repeats, key.code};
     }
     Tick tick() {
         const auto [form, number] = thing();
@@ -234,9 +236,9 @@ std::string to_text(const InputEvent::What& what, const FormSet& forms) {
             [](const WheelTurn& turn) { return "wheel" + place(turn.at); },
             [](const KeyDown& key) {
                 return "key" + key_name(key.key) + (key.character == 0 ? "" : " " + hexadecimal(key.character)) +
-                       flags(key.alt, key.control, key.command, key.repeats);
+                       flags(key.alt, key.control, key.command, key.repeats, key.code);
             },
-            [](const KeyUp& key) { return "up" + key_name(key.key) + flags(key.alt, false, false, key.repeats); },
+            [](const KeyUp& key) { return "up" + key_name(key.key) + flags(key.alt, false, false, key.repeats, key.code); },
             [&](const TextEdit& edit) { return "text" + thing(*edit.box, forms) + " " + in_quotes(edit.text); },
             [&](const RowChoice& choice) {
                 return "row" + thing(*choice.list, forms) + " " + std::to_string(choice.row);

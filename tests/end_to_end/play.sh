@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Plays the real program on a virtual screen of 1024 x 768 with real key and mouse events, and reads what it kept.
+# Plays the real program on a virtual screen of 1024 x 768 with real key and mouse events, and reads what it kept. Then
+# the run is played again from its recording, on the same screen, and must come to the same end.
 # Usage: play.sh PROGRAM_FOLDER SCENE, with a scene of those at the end of this file.
 #
 # Nobody here can see the letters, so a game is played as a very young child would: everything is tried until
@@ -22,7 +23,9 @@ Xvfb -displayfd 7 -screen 0 1024x768x24 -nolisten tcp -noreset 7>"$here/display"
 xvfb=$!
 read -r number <"$here/display"
 export DISPLAY=":$number" SDL_AUDIODRIVER=dummy QT_QPA_PLATFORM=xcb
-"$here/program/marrowfen" &
+[ "$scene" != small_hands ] ||
+    sqlite3 "$here/program/data.mdb" "INSERT INTO Pupils (PupilName, PupilName_folded) VALUES ('Ann', 'ann')"
+"$here/program/marrowfen" --record "$here/run.txt" &
 marrowfen=$!
 
 # until_true SECONDS COMMAND...: asks again and again until the command succeeds.
@@ -76,7 +79,6 @@ drag_first_tile_to_every_key() {
         echo "mousemove 177 543 mousedown 1 mousemove $((x - 3)) $((y - 3)) mousemove $x $y mouseup 1"
     done | xdotool -
 }
-click_every_key() { keys | while read -r x y; do echo "mousemove $x $y mousedown 1 mouseup 1"; done | xdotool -; }
 type_every_letter() { xdotool type --delay 8 abcdefghijklmnopqrstuvwxyz; }
 
 # until_won TRY: tries until the result form takes the press on its button.
@@ -117,7 +119,6 @@ play_board_game() {  # TEMPLATE_ID TRY
 case $scene in
     tiles_by_mouse) play_board_game 7 drag_first_tile_to_every_key ;;
     word_game_by_keyboard) play_board_game 26 type_every_letter ;;
-    word_game_by_mouse) play_board_game 26 click_every_key ;;
     typing_test)
         first_names_pupil "Ann"
         pick "$(game_number 27)"
@@ -129,6 +130,24 @@ case $scene in
             "$(kept "SELECT Pupil_ID FROM Pupils")|27|0|1|1"
         leave_from_hall_of_fame
         ;;
+    small_hands)
+        # A double click on a name is none on the list of games, where its second press would open something.
+        click 400 448
+        xdotool mousemove 400 482 click 1 sleep 0.3 click 1 sleep 0.3 click 1 sleep 1.2
+        [ "$(grep -c '^> here' "$here/run.txt")" = 3 ] && ! grep -q '^> frmGames[.]' "$here/run.txt" ||
+            fail "the second press of a double click did something"
+        # Enter is held down on a game: the clock of the typing test starts with the first key that is meant for it.
+        xdotool key Home
+        for _ in $(seq 2 "$(game_number 27)"); do xdotool key Down; done
+        xdotool keydown Return sleep 2.5 keyup Return
+        xdotool type --delay 20 "the quick brown fox jumps over the lazy dog"
+        xdotool sleep 0.5
+        hall_of_fame_after_a_win
+        one_result || fail "the typing test left no result"
+        [ "$(grep -c "key Enter" "$here/run.txt")" -gt 3 ] || fail "the key did not repeat"
+        expect_result "Points < 3" "$(kept "SELECT Pupil_ID FROM Pupils")|27|0|1"
+        leave_from_hall_of_fame
+        ;;
     no_store)
         xdotool mousemove 512 384 key Return
         until_true 5 gone || fail "the window with the reason did not go"
@@ -137,4 +156,7 @@ case $scene in
         ;;
     *) fail "there is no scene $scene" ;;
 esac
+if [ "$scene" != no_store ]; then
+    "$here/program/marrowfen" --replay "$here/run.txt" --fast || fail "the run went another way when it was played again"
+fi
 echo "passed: $scene"

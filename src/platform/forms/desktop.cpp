@@ -149,8 +149,8 @@ Taker Desktop::handle(const InputEvent& event) {
                           [&](const MouseMove& move) { return mouse_.handle(move, event.time); },
                           [&](const MouseRelease& release) { return mouse_.handle(release, event.time); },
                           [&](const WheelTurn& turn) { return mouse_.handle(turn); },
-                          [&](const KeyDown& key) { return keyboard_.handle(key); },
-                          [&](const KeyUp& key) { return keyboard_.handle(key); },
+                          [&](const KeyDown& key) { return keyboard_.handle(key, event.time); },
+                          [&](const KeyUp& key) { return keyboard_.handle(key, event.time); },
                           [&](const auto& other) { return take(other); },
                       },
                       event.what);

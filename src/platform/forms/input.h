@@ -71,11 +71,13 @@ struct KeyDown {
     bool command = false;    ///< the key of the window system
     bool repeats = false;    ///< it has been down for a while
     char32_t character = 0;  ///< 0: it stands for none
+    std::uint32_t code = 0;  ///< tells one key of the keyboard from another; 0: not known
 };
 struct KeyUp {
     Key key = Key::Other;
     bool alt = false;
     bool repeats = false;  ///< it will come down again at once, since it is being held
+    std::uint32_t code = 0;
 };
 /// The user has changed the text of a box.
 struct TextEdit {

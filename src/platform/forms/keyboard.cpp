@@ -20,9 +20,12 @@ Taker Keyboard::field_or_nobody() const {
     return form != nullptr && form->focus() != nullptr && form->focus()->is_field() ? Taker::Field : Taker::Nobody;
 }
 
-Taker Keyboard::handle(const KeyDown& key) {
+Taker Keyboard::handle(const KeyDown& key, std::chrono::milliseconds time) {
+    constexpr std::chrono::milliseconds kOneMoment{2};
     Form* form = desktop_.active();
-    if (!key.repeats) pressed_on_ = form;
+    const bool repeats =
+        key.repeats || (key.code != 0 && key.code == released_ && time - released_at_ <= kOneMoment);
+    if (!repeats) pressed_on_ = form;
     if (form == nullptr || pressed_on_ != form) return Taker::Nobody;
     const char32_t character = written_by(key);
     // A list that has dropped down takes the keys that move in it and close it, but no command of the forms.
@@ -49,8 +52,10 @@ bool Keyboard::character_taken(char32_t character) {
     return press.swallowed() || desktop_.active() != form;
 }
 
-Taker Keyboard::handle(const KeyUp& key) {
+Taker Keyboard::handle(const KeyUp& key, std::chrono::milliseconds time) {
     if (key.repeats) return Taker::Nobody;
+    released_ = key.code;
+    released_at_ = time;
     const Form* form = desktop_.active();
     if (form == nullptr || form->focus() == nullptr) return Taker::Nobody;
     const Taker taker = field_or_nobody();

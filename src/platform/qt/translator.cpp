@@ -115,14 +115,15 @@ Taker Translator::told(const QKeyEvent& event) {
     const Qt::KeyboardModifiers held = event.modifiers();
     const bool alt = held.testFlag(Qt::AltModifier);
     if (event.type() == QEvent::KeyRelease) {
-        return events_.tell(KeyUp{to_key(event), alt, event.isAutoRepeat()}, event);
+        return events_.tell(KeyUp{to_key(event), alt, event.isAutoRepeat(), event.nativeScanCode()}, event);
     }
     return events_.tell(KeyDown{.key = to_key(event),
                                 .alt = alt,
                                 .control = held.testFlag(Qt::ControlModifier),
                                 .command = held.testFlag(Qt::MetaModifier),
                                 .repeats = event.isAutoRepeat(),
-                                .character = character_of(event)},
+                                .character = character_of(event),
+                                .code = event.nativeScanCode()},
                         event);
 }
 
