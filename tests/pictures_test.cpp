@@ -14,6 +14,8 @@
 #include <string>
 #include <string_view>
 
+#include "tables/picture_list.h"
+
 namespace {
 
 // In design pixels; the last is the flat part of a key cap.
@@ -27,9 +29,8 @@ std::string base_of(const std::filesystem::path& file) { return file.stem().stri
 const std::map<std::string, QImage>& pictures() {
     static const std::map<std::string, QImage> kPictures = [] {
         std::map<std::string, QImage> read;
-        std::ifstream list(MARROWFEN_PICTURE_LIST);
-        for (std::string file; std::getline(list, file);) {
-            read[file] = QImage(QString::fromStdString(MARROWFEN_KEY_PICTURES "/" + file));
+        for (const marrowfen::ListedPicture& picture : marrowfen::read_picture_list(MARROWFEN_PICTURE_LIST)) {
+            read[picture.file] = QImage(QString::fromStdString(MARROWFEN_KEY_PICTURES "/" + picture.file));
         }
         return read;
     }();

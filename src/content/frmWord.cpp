@@ -61,7 +61,7 @@ bool frmWord::draw_word() {
     for (; state.WordCursor < kGroupsInAGame; ++state.WordCursor) {
         const auto rhymes = rows_of_group(*words, state.UsedRowIds[static_cast<std::size_t>(state.WordCursor)]);
         const int count = static_cast<int>(rhymes.size());
-        if (count < 3) continue;
+        if (count < kFewestRhymes) continue;
         // One number says which word is on show and how many others are asked for. It stops short of the last rows, so
         // that the group always holds more than is asked for.
         int highest = program_.ports.random.draw(count);
