@@ -279,6 +279,20 @@ TEST_F(StoreBuilderTest, LeavesAloneWhatIsNotItsOwn) {
     }
 }
 
+TEST_F(StoreBuilderTest, MakesNoSecondStoreBesideOneWhoseNameIsWrittenInAnotherCase) {
+    let_a_class_play();
+    const auto in_capitals = file_.parent_path() / "DATA.MDB";
+    std::filesystem::rename(file_, in_capitals);
+    change("games.tsv", "Game of 1\t", "Find it\t");
+    ASSERT_EQ(build(), Lines{});
+    EXPECT_FALSE(std::filesystem::exists(file_));
+    std::filesystem::copy(in_capitals, file_);
+    EXPECT_EQ(what_is_left_of_it(), what_the_class_did);
+    EXPECT_EQ(in_store("SELECT GameName FROM Templates WHERE Template_ID = 1"), Lines{"Find it"});
+    EXPECT_EQ(build(), Lines{file_.generic_string() +
+                             ": DATA.MDB and data.mdb can't both be the data store; move one of them away"});
+}
+
 TEST_F(StoreBuilderTest, ListsEveryPictureThatAGameCanAskForOnce) {
     change("games.tsv", "Upper\tLower\tTrue", "uPPer\tLOWER\tTrue");
     change("games.tsv", "Upper\tLower\tTrue", "Upper\tpictures\tTrue");

@@ -19,9 +19,11 @@ QImage rendered(const std::filesystem::path& file, QSize size) {
     renderer.setAspectRatioMode(Qt::KeepAspectRatio);
     QImage image(size, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
+    const QImage nothing = image;
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
     renderer.render(&painter, QRectF(image.rect()));
+    if (image == nothing) throw Failure("The drawing " + file.string() + " shows nothing.");
     return image;
 }
 
