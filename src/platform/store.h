@@ -1,12 +1,12 @@
 #pragma once
 
-#include <chrono>
 #include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <variant>
+
+#include "platform/value.h"
 
 namespace marrowfen {
 
@@ -14,14 +14,6 @@ namespace marrowfen {
 struct StoreFailure {
     std::string reason;
 };
-
-/// A field's value: Null, a whole number, text, a date, or a time of day as seconds since midnight.
-using Value =
-    std::variant<std::monostate, std::int64_t, std::string, std::chrono::year_month_day, std::chrono::seconds>;
-
-[[nodiscard]] std::string as_text(const Value& value);    ///< Null: empty; a date or time: ISO form
-[[nodiscard]] std::int16_t as_whole(const Value& value);  ///< text is read as a number; anything else, or too large: 0
-[[nodiscard]] bool as_flag(const Value& value);           ///< Null and 0 are False
 
 /// A cursor over the rows of a table or a saved query, in the source's order, standing on the first row if there is
 /// one. Table and field names are taken without regard to case. A row set whose rows can't be read is empty, and

@@ -1,7 +1,7 @@
+#include "platform/value.h"
+
 #include <charconv>
 #include <limits>
-
-#include "platform/store.h"
 
 namespace marrowfen {
 

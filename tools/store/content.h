@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/store.h"
+#include "platform/value.h"
 #include "tables/faults.h"
 
 namespace marrowfen {
