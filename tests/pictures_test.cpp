@@ -14,6 +14,10 @@
 #include <string>
 #include <string_view>
 
+#include "failure.h"
+#include "pictures/drawings.h"
+#include "tables/picture_list.h"
+
 namespace {
 
 // In design pixels; the last is the flat part of a key cap.
@@ -27,9 +31,8 @@ std::string base_of(const std::filesystem::path& file) { return file.stem().stri
 const std::map<std::string, QImage>& pictures() {
     static const std::map<std::string, QImage> kPictures = [] {
         std::map<std::string, QImage> read;
-        std::ifstream list(MARROWFEN_PICTURE_LIST);
-        for (std::string file; std::getline(list, file);) {
-            read[file] = QImage(QString::fromStdString(MARROWFEN_KEY_PICTURES "/" + file));
+        for (const marrowfen::ListedPicture& picture : marrowfen::read_picture_list(MARROWFEN_PICTURE_LIST)) {
+            read[picture.file] = QImage(QString::fromStdString(MARROWFEN_KEY_PICTURES "/" + picture.file));
         }
         return read;
     }();
@@ -146,4 +149,17 @@ TEST(Pictures, LettersAreDarkOnLightAndStandOnOneLine) {
         EXPECT_TRUE(is_one_of(small ? "GJPQY" : "Q") ? dips > 6 : std::abs(dips) <= 2) << dips;
         EXPECT_TRUE(small && is_one_of("BDFHIJKLT") ? rises > 6 : std::abs(rises) <= 2) << rises;
     }
+}
+
+TEST(Drawings, OneThatShowsNothingIsRefusedByName) {
+    const auto folder = std::filesystem::path(testing::TempDir()) / "marrowfen-drawings";
+    std::filesystem::create_directories(folder);
+    std::ofstream(folder / "ghost.svg") << R"(<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 44 40"><g/></svg>)";
+    try {
+        (void)marrowfen::Drawings(folder, kKey).image("ghost");
+        ADD_FAILURE() << "an empty drawing was taken";
+    } catch (const marrowfen::Failure& failure) {
+        EXPECT_EQ(failure.what(), "The drawing " + (folder / "ghost.svg").string() + " shows nothing.");
+    }
+    std::filesystem::remove_all(folder);
 }

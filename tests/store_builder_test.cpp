@@ -4,6 +4,7 @@
 #include "platform/sqlite/sqlite_store.h"
 #include "platform/system/disk_files.h"
 #include "store_content.h"
+#include "tables/picture_list.h"
 
 namespace marrowfen::test {
 namespace {
@@ -68,6 +69,8 @@ TEST_F(StoreBuilderTest, NamesEveryFaultWithItsPlaceAndLeavesTheStoreAlone) {
              {"games.tsv", "Game of 2\t", "game OF 1\t", ":3: ", "GameName 'game OF 1' stands in line 2 already"},
              {"games.tsv", "Game of 1\t", "\t", ":2: ", "GameName is empty"},
              {"games.tsv", "Game of 1\t", "A name that is longer than the list of games\t", ":2: ", "34 fit"},
+             {"games.tsv", "Game of 1\t", "Game\0of 1\t"s, ":2: ", "save the table as UTF-8"},
+             {"games.tsv", "Game of 1\t", "Game\x07of 1\t", ":2: ", "an invisible control character"},
              {"games.tsv", "\t9\tPic", "\t10\tPic", ":4: ", "Panels is '10', but should be a number from 0 to 9"},
              {"games.tsv", "\t9\tPic", "\t\tPic", ":4: ", "Panels is empty"},
              {"games.tsv", "Pictures", "", ":4: ", "dragtype is empty"},
@@ -84,6 +87,7 @@ TEST_F(StoreBuilderTest, NamesEveryFaultWithItsPlaceAndLeavesTheStoreAlone) {
              {"things.tsv", "A\tthingdf\n", "", ":1: ", "there are 35 keys, but should be 36"},
              {"things.tsv", "thingab", "thingaa", ":3: ", "picture 'thingaa' stands in line 2 already"},
              {"things.tsv", "thingab", "../x", ":3: ", "picture '../x' should have the letters a to z alone"},
+             {"things.tsv", "thingab", "c", ":3: ", "picture 'c' should have two letters or more"},
              {"words-keystage1.tsv", "1\tbal\tal\n", "\xEF\xBB\xBF\xFF\tbal\tal\n", ":2: ", "save the table as UTF-8"},
              {"words-keystage1.tsv", "bal\t", "dal\t", ":3: ", "word 'dal' stands in line 2 already"},
              {"words-keystage1.tsv", "bal\t", "Dal\t", ":3: ", "word 'dal' stands in line 2 already"},
@@ -130,6 +134,18 @@ TEST_F(StoreBuilderTest, NamesEveryFaultWithItsPlaceAndLeavesTheStoreAlone) {
                               in + "/words-keystage2.tsv:2: word 'b' should be one letter and the end 'al'",
                               in + "/sentences-keystage2.tsv:1: the line with the names of the columns is missing"}));
     EXPECT_EQ(bytes_of(file_), before);
+
+    tables_ = good;
+    std::string& games = tables_.files["games.tsv"] = "Split";
+    for (int i = 0; i < 200'000; ++i) games += "\tx";
+    tables_.files["words-keystage1.tsv"] = "\xFF\xFEi\0d\0\t\0w\0o\0r\0d\0\n\0001\0"s;  // letters of two bytes
+    const auto start = std::chrono::steady_clock::now();
+    const Lines flood = build();
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(1));
+    ASSERT_EQ(flood.size(), 22U) << "a teacher needs no more to see what is the matter";
+    EXPECT_EQ(flood[19], in + "/games.tsv:1: there should be no column 'x'");
+    EXPECT_EQ(flood[20], in + "/games.tsv: 199989 more like these");
+    EXPECT_EQ(flood[21], in + "/words-keystage1.tsv:1: some letters can't be read; save the table as UTF-8");
 }
 
 TEST_F(StoreBuilderTest, TakesATableAsASpreadsheetSavesIt) {
@@ -144,9 +160,11 @@ TEST_F(StoreBuilderTest, TakesATableAsASpreadsheetSavesIt) {
     }
     tables_.files["words-keystage1.tsv"] = saved;
     change("sentences-keystage1.tsv", "Once o the big dog ran.", "\"\"\"Oh!\"\" the big dog ran.\"");
-    for (auto& [name, text] : tables_.files) {
-        for (auto at = text.find('\n'); at != std::string::npos; at = text.find('\n', at + 2))
-            text.replace(at, 1, "\r\n");
+    for (auto& [name, text] : tables_.files) {  // with the line ends of other systems
+        const std::string line_end = name == "words-keystage2.tsv" ? "\r" : "\r\n";
+        for (auto at = text.find('\n'); at != std::string::npos; at = text.find('\n', at + line_end.size())) {
+            text.replace(at, 1, line_end);
+        }
     }
     ASSERT_EQ(build(), Lines{});
     EXPECT_EQ(
@@ -261,6 +279,20 @@ TEST_F(StoreBuilderTest, LeavesAloneWhatIsNotItsOwn) {
     }
 }
 
+TEST_F(StoreBuilderTest, MakesNoSecondStoreBesideOneWhoseNameIsWrittenInAnotherCase) {
+    let_a_class_play();
+    const auto in_capitals = file_.parent_path() / "DATA.MDB";
+    std::filesystem::rename(file_, in_capitals);
+    change("games.tsv", "Game of 1\t", "Find it\t");
+    ASSERT_EQ(build(), Lines{});
+    EXPECT_FALSE(std::filesystem::exists(file_));
+    std::filesystem::copy(in_capitals, file_);
+    EXPECT_EQ(what_is_left_of_it(), what_the_class_did);
+    EXPECT_EQ(in_store("SELECT GameName FROM Templates WHERE Template_ID = 1"), Lines{"Find it"});
+    EXPECT_EQ(build(), Lines{file_.generic_string() +
+                             ": DATA.MDB and data.mdb can't both be the data store; move one of them away"});
+}
+
 TEST_F(StoreBuilderTest, ListsEveryPictureThatAGameCanAskForOnce) {
     change("games.tsv", "Upper\tLower\tTrue", "uPPer\tLOWER\tTrue");
     change("games.tsv", "Upper\tLower\tTrue", "Upper\tpictures\tTrue");
@@ -277,13 +309,11 @@ TEST_F(StoreBuilderTest, ListsEveryPictureThatAGameCanAskForOnce) {
     EXPECT_FALSE(std::filesystem::exists(list) || std::filesystem::exists(file_));
     std::ofstream(drawings / "thingab.svg");
     ASSERT_EQ(build_store_and_list(content_, drawings, list, file_), Lines{});
-    std::map<std::string, int> files;
+    std::map<std::string, ListedPicture> files;
     std::map<std::string, int> folders;
-    std::istringstream lines(bytes_of(list));
-    for (std::string line; std::getline(lines, line);) {
-        EXPECT_EQ(files.count(line), 0U) << line;
-        files[line] = 1;
-        ++folders[line.substr(0, line.rfind('/'))];
+    for (const ListedPicture& picture : read_picture_list(list)) {
+        EXPECT_TRUE(files.try_emplace(picture.file, picture).second) << picture.file;
+        ++folders[picture.file.substr(0, picture.file.rfind('/'))];
     }
     EXPECT_EQ(folders, (std::map<std::string, int>{{"Simple/Upper", 36},
                                                    {"Simple/Lower", 36},
@@ -294,10 +324,19 @@ TEST_F(StoreBuilderTest, ListsEveryPictureThatAGameCanAskForOnce) {
                                                    {"Simple/Back/Pictures/Flash", 26},
                                                    {"Simple/RightHand/Upper", 36},
                                                    {"Simple/Back/RightHand/Lower", 36}}));
-    for (const char* file :
-         {"Simple/Upper/7.bmp", "Simple/Lower/A.bmp", "Simple/Back/Upper/0.BMP", "Simple/Back/RightHand/Lower/Y.bmp",
-          "Simple/RightHand/Upper/Q.BMP", "Simple/Back/Pictures/thingdf.BMP", "Simple/Back/Pictures/Flash/xray.bmp"}) {
-        EXPECT_EQ(files.count(file), 1U) << file;
+    for (const ListedPicture& wanted :
+         std::initializer_list<ListedPicture>{{"Simple/Upper/7.bmp", CapKind::Tile, '7', ""},
+                                              {"Simple/Lower/A.bmp", CapKind::Tile, 'a', ""},
+                                              {"Simple/Back/Upper/0.BMP", CapKind::Face, '0', ""},
+                                              {"Simple/Back/RightHand/Lower/Y.bmp", CapKind::RightTile, 'y', ""},
+                                              {"Simple/RightHand/Upper/Q.BMP", CapKind::RightFace, 'Q', ""},
+                                              {"Simple/Pictures/A.bmp", CapKind::Tile, {}, "thingdf"},
+                                              {"Simple/Back/Pictures/thingdf.BMP", CapKind::Face, {}, "thingdf"},
+                                              {"Simple/Back/Pictures/Flash/xray.bmp", {}, {}, "xray"}}) {
+        const ListedPicture& listed = files[wanted.file];
+        EXPECT_EQ(std::tie(listed.cap, listed.letter, listed.drawing),
+                  std::tie(wanted.cap, wanted.letter, wanted.drawing))
+            << wanted.file;
     }
     const auto written = std::filesystem::last_write_time(list);
     ASSERT_EQ(build_store_and_list(content_, drawings, list, file_), Lines{});

@@ -1,4 +1,9 @@
+#include <set>
+
+#include "core/game_table.h"
 #include "lesson.h"
+#include "store/store_builder.h"
+#include "tables/picture_list.h"
 #include "typing/frmTypingTest.h"
 
 namespace marrowfen {
@@ -259,25 +264,63 @@ TEST_F(Judging, DoesNotBeginBeforeTheClockIsStarted) {
     }
 }
 
-TEST_F(Judging, EveryGameOfTheListCanBeStartedAndLeft) {
+/// The key pictures that the build makes, in capitals: files are found without regard to case.
+std::set<std::string> pictures_of_the_build() {
+    const TemporaryFolder built;
+    EXPECT_EQ(build_store_and_list(MARROWFEN_CONTENT_FOLDER, MARROWFEN_DRAWINGS_FOLDER, built.path() / "list",
+                                   built.path() / "data.mdb"),
+              std::vector<std::string>{});
+    std::set<std::string> files;
+    for (const ListedPicture& picture : read_picture_list(built.path() / "list")) {
+        files.insert(in_capitals(picture.file));
+    }
+    return files;
+}
+
+TEST_F(Judging, EveryGameOfTheListCanBeLeftAndWonAndShowsWhatTheBuildMakes) {
     const auto entries = room.form<frmGames>().List1.entries();
-    EXPECT_EQ(entries.size(), 30U);
+    EXPECT_EQ(entries.size(), listed_games().size());
+    const auto made = pictures_of_the_build();
+    const auto look_at = [&](const Picture& picture) {
+        if (picture.source() != Picture::Source::File) return;
+        std::string file = in_capitals("Simple\\" + shown_by(picture));
+        std::ranges::replace(file, '\\', '/');
+        EXPECT_TRUE(made.contains(file)) << picture.name();
+    };
+    const auto look_around = [&] {
+        for (const Form* form : room.desktop.visible_forms()) {
+            for (const Control* control : form->controls()) {
+                if (const auto* image = dynamic_cast<const Image*>(control)) look_at(image->Picture);
+                if (const auto* box = dynamic_cast<const PictureBox*>(control)) look_at(box->Picture);
+            }
+        }
+    };
+    const auto begins_from_the_list = [&](const std::string& entry) {
+        ann.double_clicks(room.form<frmGames>().List1, entry);
+        look_around();
+        if (room.is_open(FormId::frmTypingTest)) return ann.presses(&frmTypingTest::skip_de);
+        ann.joins(kBlueTeam);
+        ann.starts_the_clock();
+        room.seconds_pass(2);
+    };
     for (const std::string& entry : entries) {
         SCOPED_TRACE(entry);
-        ann.double_clicks(room.form<frmGames>().List1, entry);
-        if (room.is_open(FormId::frmTypingTest)) {
-            ann.presses(&frmTypingTest::skip_de);
-        } else {
-            ann.joins(kBlueTeam);
-            ann.starts_the_clock();
-            room.seconds_pass(2);
-            ann.types(wrong_letter());
-            gives(right_letter(), Way::Mouse);
-            ann.presses(&frmSimpleKeyBoard::close_De);
-        }
+        begins_from_the_list(entry);
+        if (plays()) ann.types(wrong_letter());
+        if (plays()) gives(right_letter(), Way::Mouse);
+        goes_back_to_the_list();
         room.seconds_pass(300);
         EXPECT_EQ(room.open_forms(), (std::vector{FormId::frmBackGround, FormId::frmGames}));
+
+        begins_from_the_list(entry);
+        for (; plays() && !HasFailure(); look_around()) {
+            gives(wrong_letter(), Way::Mixed);
+            look_around();
+            gives(right_letter(), Way::Mixed);
+        }
+        goes_back_to_the_list();
     }
+    EXPECT_EQ(room.results().size(), entries.size() - 2) << "all but the typing tests";
 }
 
 }  // namespace

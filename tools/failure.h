@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <iostream>
 #include <stdexcept>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -14,6 +15,14 @@ namespace marrowfen {
 struct Failure : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
+
+/// Fails with these lines, if there are any.
+inline void fail_with(const std::vector<std::string>& lines) {
+    if (lines.empty()) return;
+    std::string text = lines.front();
+    std::for_each(lines.begin() + 1, lines.end(), [&text](const std::string& line) { text.append("\n").append(line); });
+    throw Failure(text);
+}
 
 /// Does a build tool's work and gives its exit code. `usage` has a word for the tool and one for each argument that it
 /// takes. Whatever goes wrong is said on the error output.

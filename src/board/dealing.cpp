@@ -1,6 +1,7 @@
 // Which letter lies on which tile, and which picture stands for it.
 
 #include "board/frmSimpleKeyBoard.h"
+#include "core/key_pictures.h"
 
 namespace marrowfen {
 
@@ -28,26 +29,22 @@ bool frmSimpleKeyBoard::is_right_hand(int key) const {
 Picture frmSimpleKeyBoard::face(int key) const {
     const State& state = program_.state;
     const RowSet& row = *state.GameRs;
-    const std::string file = letter_of(key, state) + ".BMP";
     const bool split = is_split();
     if (!split && as_flag(row.field("background"))) {
-        return Picture::file(
-            program_.path("\\KeyPictures\\Simple\\Back\\Pictures\\" + as_text(row.field(column_of(key))) + ".BMP"));
+        return Picture::file(program_.path(thing_picture(as_text(row.field(column_of(key))))));
     }
-    const std::string_view folder =
-        split && is_right_hand(key) ? "\\KeyPictures\\Simple\\RightHand\\" : "\\KeyPictures\\Simple\\Back\\";
-    return Picture::file(program_.path(folder) + as_text(row.field("droptype")) + "\\" + file);
+    const CapKind cap = split && is_right_hand(key) ? CapKind::RightFace : CapKind::Face;
+    return Picture::file(program_.path(key_picture(cap, as_text(row.field("droptype")), letter_of(key, state))));
 }
 
 void frmSimpleKeyBoard::paint_faces() {
-    for (CurrentKey = 1; CurrentKey <= kKeyCount; ++CurrentKey) Keys[CurrentKey].Picture = face(CurrentKey);
+    for (int key = 1; key <= kKeyCount; ++key) Keys[key].Picture = face(key);
 }
 
 Picture frmSimpleKeyBoard::tile_picture(int key) const {
     const State& state = program_.state;
-    const std::string_view folder =
-        is_split() && is_right_hand(key) ? "\\KeyPictures\\Simple\\Back\\RightHand\\" : "\\KeyPictures\\Simple\\";
-    return Picture::file(program_.path(folder) + state.DragType + "\\" + letter_of(key, state) + ".bmp");
+    const CapKind cap = is_split() && is_right_hand(key) ? CapKind::RightTile : CapKind::Tile;
+    return Picture::file(program_.path(key_picture(cap, state.DragType, letter_of(key, state))));
 }
 
 void frmSimpleKeyBoard::deal(PictureBox& tile, int key) {

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "content/card_words.h"
+#include "core/key_pictures.h"
 
 namespace marrowfen {
 
@@ -40,7 +40,7 @@ std::string frmPictureCard::draw_card() {
     do {
         state.CardIndex = static_cast<State::Whole>(program_.ports.random.draw(kCards));
     } while (word().empty());
-    pic.Picture = Picture::file(program_.path("\\KeyPictures\\Simple\\Back\\Pictures\\Flash\\") + word() + ".bmp");
+    pic.Picture = Picture::file(program_.path(card_picture(word())));
     return std::exchange(word(), {});
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "content/card_words.h"
 #include "core/program_form.h"
 
 namespace marrowfen {
@@ -8,7 +9,7 @@ namespace marrowfen {
 class frmPictureCard final : public ProgramForm {
 public:
     static constexpr FormId kId = FormId::frmPictureCard;
-    static constexpr State::Whole kCards = 26;
+    static constexpr State::Whole kCards{kCardWords.size()};
     explicit frmPictureCard(Program& program);
 
     Image pic{*this, {0, 0, 1785, 1695}, {}, Stretch::No};

@@ -71,7 +71,7 @@ Result<bool> frmWord::draw_word() {
         if (const auto* failure = read.failure()) return *failure;
         const auto& rhymes = read.value();
         const int count = static_cast<int>(rhymes.size());
-        if (count < 3) continue;
+        if (count < kFewestRhymes) continue;
         // One number says which word is on show and how many others are asked for. It stops short of the last rows, so
         // that the group always holds more than is asked for.
         int highest = program_.ports.random.draw(count);

@@ -27,7 +27,4 @@ public:
     void show_words_left();
 };
 
-/// A game plays this many rhyme groups.
-constexpr State::Whole kGroupsInAGame = 7;
-
 }  // namespace marrowfen

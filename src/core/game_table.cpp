@@ -71,7 +71,19 @@ constexpr std::array kGames{
     typing_test(kOldTypingTest, "upper"),
 };
 
+constexpr std::span kListed = std::span(kGames).first(kGames.size() - 1);
+
+constexpr bool numbered_from_one() {
+    for (std::size_t i = 0; i < kListed.size(); ++i) {
+        if (kListed[i].id != static_cast<std::int16_t>(i + 1)) return false;
+    }
+    return true;
+}
+static_assert(numbered_from_one() && kGames.back().id == kOldTypingTest);
+
 }  // namespace
+
+std::span<const Game> listed_games() { return kListed; }
 
 const Game* find_game(std::int16_t id) {
     const auto* game = std::ranges::find(kGames, id, &Game::id);

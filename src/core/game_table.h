@@ -26,10 +26,17 @@ struct Game {
 };
 
 [[nodiscard]] const Game* find_game(std::int16_t id);  ///< nullptr: an id that means nothing
+/// The games that the list offers, with the ids from 1 on without a gap.
+[[nodiscard]] std::span<const Game> listed_games();
 
 /// A typing test is played without a team and against no limit.
 [[nodiscard]] bool is_typing_test(std::int16_t id);
 
 constexpr std::int16_t kOldTypingTest = 111;  ///< has results and a caption, but no entry in the list of games
+
+constexpr std::int16_t kGroupsInAGame = 7;  ///< rhyme groups played, of those that the game has
+constexpr std::int16_t kSentencesInAGame = 6;
+/// In a group. A task asks for one to all but two of a group's words, so a smaller group has no task.
+constexpr std::int16_t kFewestRhymes = 3;
 
 }  // namespace marrowfen

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <chrono>
 #include <concepts>
 #include <cstdint>
 #include <memory>
@@ -9,6 +8,8 @@
 #include <string_view>
 #include <utility>
 #include <variant>
+
+#include "platform/value.h"
 
 namespace marrowfen {
 
@@ -35,14 +36,6 @@ public:
 private:
     std::variant<T, StoreFailure> answer_;
 };
-
-/// A field's value: Null, a whole number, text, a date, or a time of day as seconds since midnight.
-using Value =
-    std::variant<std::monostate, std::int64_t, std::string, std::chrono::year_month_day, std::chrono::seconds>;
-
-[[nodiscard]] std::string as_text(const Value& value);    ///< Null: empty; a date or time: ISO form
-[[nodiscard]] std::int16_t as_whole(const Value& value);  ///< text is read as a number; anything else, or too large: 0
-[[nodiscard]] bool as_flag(const Value& value);           ///< Null and 0 are False
 
 /// A cursor over the rows of a table or a saved query, in the source's order. Table and field names are taken without
 /// regard to case. It reads nothing before it is asked: opened, it stands on its first row without having seen it.

@@ -1,8 +1,9 @@
+#include "platform/value.h"
+
 #include <charconv>
 #include <limits>
 
 #include "platform/match.h"
-#include "platform/store.h"
 
 namespace marrowfen {
 

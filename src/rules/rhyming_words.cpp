@@ -5,6 +5,8 @@
 
 #include "content/frmWord.h"
 #include "content/frmWordsUsed.h"
+#include "core/game_table.h"
+#include "core/key_pictures.h"
 
 namespace marrowfen {
 
@@ -32,7 +34,7 @@ void RhymingWords::judge(const Answer& answer) {
         return;
     }
     card->Image1.Visible = true;
-    card->Image1.Picture = Picture::file(program_.path("\\KeyPictures\\Simple\\Upper\\") + answer.letter + ".bmp");
+    card->Image1.Picture = Picture::file(program_.path(key_picture(CapKind::Tile, kUpper, answer.letter)));
     state.TypedText = in_capitals(answer.letter) + card->end.Caption.get();
     if (card->theword.Caption == state.TypedText) {
         (void)cue_and_yield(manner.same_word_cue);

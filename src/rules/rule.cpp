@@ -1,6 +1,7 @@
 #include "rules/rule.h"
 
 #include "core/game_table.h"
+#include "core/key_pictures.h"
 #include "results/frmTimer.h"
 
 namespace marrowfen {
@@ -24,7 +25,7 @@ bool Rule::yield() {
 bool Rule::cue_and_yield(std::string_view name) { return cue(name) && yield(); }
 
 Picture Rule::small_letter(std::string_view tag) const {
-    return Picture::file(program_.path("\\KeyPictures\\Simple\\Lower\\") + std::string(tag) + ".bmp");
+    return Picture::file(program_.path(key_picture(CapKind::Tile, kLower, tag)));
 }
 
 void Rule::end_game() {

@@ -1,11 +1,11 @@
 #include "content/frmSentence.h"
+#include "core/game_table.h"
 #include "rules/spelling.h"
 
 namespace marrowfen {
 
 namespace {
 
-constexpr State::Whole kSentencesInAGame = 6;
 constexpr State::Whole kRowsCompared = 5;  // entries of UsedRowIds that a new row is held against
 
 }  // namespace

@@ -1,21 +1,23 @@
 #include "typing/frmTypingTest.h"
 
 #include "core/game_table.h"
+#include "core/key_pictures.h"
 
 namespace marrowfen {
 
 namespace {
 
 constexpr std::string_view kSentence = "the quick brown fox jumps over the lazy dog";
-constexpr Size kKeySize{720, 660};
+constexpr Size kTestKeySize{720, 660};
 constexpr Twips kBorderOffset = 25;
 
-struct KeyPlace {
+/// A key of the drawn keyboard, which is a little larger than the board's.
+struct TestKey {
     char tag;
     Twips left, top;
 };
 
-constexpr std::array<KeyPlace, 36> kKeyPlaces{{
+constexpr std::array<TestKey, 36> kTestKeys{{
     {'A', 1050, 3720}, {'B', 4905, 4440}, {'C', 3300, 4440}, {'D', 2685, 3720}, {'E', 2460, 3015}, {'F', 3510, 3720},
     {'G', 4335, 3720}, {'H', 5160, 3720}, {'I', 6510, 3015}, {'J', 5970, 3720}, {'K', 6795, 3720}, {'L', 7620, 3720},
     {'M', 6495, 4440}, {'N', 5700, 4440}, {'O', 7320, 3015}, {'P', 8130, 3015}, {'Q', 840, 3015},  {'R', 3270, 3015},
@@ -29,9 +31,9 @@ constexpr std::array<KeyPlace, 36> kKeyPlaces{{
 frmTypingTest::frmTypingTest(Program& program)
     : ProgramForm(program, {.size = {9570, 6765}, .level = Level::Ordinary}),
       PanBorder(*this, {7365, 4425, 795, 750}, {.outline = rgb(192, 0, 0), .outline_pixels = 2}) {
-    for (const KeyPlace& place : kKeyPlaces) {
-        Keys.add(*this, Rect{place.left, place.top, kKeySize.width, kKeySize.height}, kYellow).Tag =
-            std::string(1, place.tag);
+    for (const TestKey& key : kTestKeys) {
+        Keys.add(*this, Rect{key.left, key.top, kTestKeySize.width, kTestKeySize.height}, kYellow).Tag =
+            std::string(1, key.tag);
     }
     PanBorder.Visible = false;
     PanBorder.bring_to_front();
@@ -54,10 +56,9 @@ void frmTypingTest::load() {
     TestPos = 0;
     SetTest();
     const Game* game = find_game(state.TemplateID);
-    const std::string folder(game == nullptr ? std::string_view{} : game->typing_test_pictures);
+    const std::string_view set = game == nullptr ? std::string_view{} : game->typing_test_pictures;
     for (PictureBox& key : Keys) {
-        key.Picture =
-            Picture::file(program_.path("\\KeyPictures\\Simple\\Back\\") + folder + "\\" + key.Tag.get() + ".BMP");
+        key.Picture = Picture::file(program_.path(key_picture(CapKind::Face, set, key.Tag.get())));
     }
 }
 

@@ -4,6 +4,7 @@
 #include <fstream>
 #include <optional>
 #include <system_error>
+#include <vector>
 
 #include "../failure.h"
 
@@ -36,19 +37,6 @@ std::string read_bytes(const fs::path& file, const std::string& what) {
     std::optional<std::string> bytes = bytes_of(file);
     if (!bytes) throw Failure(what + " " + file.string() + " is missing or can't be read.");
     return std::move(*bytes);
-}
-
-std::vector<std::string> read_lines(const fs::path& file, const std::string& what) {
-    const std::string text = read_bytes(file, what);
-    std::vector<std::string> lines;
-    for (std::size_t begin = 0; begin < text.size();) {
-        const std::size_t end = std::min(text.find('\n', begin), text.size());
-        std::string line = text.substr(begin, end - begin);
-        if (line.ends_with('\r')) line.pop_back();
-        if (!line.empty() && !line.starts_with('#')) lines.push_back(std::move(line));
-        begin = end + 1;
-    }
-    return lines;
 }
 
 void write_if_changed(const fs::path& file, const std::string& bytes) {

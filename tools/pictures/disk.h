@@ -3,15 +3,11 @@
 #include <filesystem>
 #include <set>
 #include <string>
-#include <vector>
 
 namespace marrowfen {
 
 /// The bytes of a file. Throws Failure: `what` says what the file is, as in "The typeface".
 std::string read_bytes(const std::filesystem::path& file, const std::string& what);
-
-/// A table's lines: without notes (#), empty lines and the carriage returns of other systems.
-std::vector<std::string> read_lines(const std::filesystem::path& file, const std::string& what);
 
 /// Replaces the file in one step, so that nobody ever reads half a picture. A file that already holds
 /// these bytes keeps its date, so that nothing behind it is built again.

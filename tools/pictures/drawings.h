@@ -14,7 +14,8 @@ public:
     /// Size in pixels of the picture.
     Drawings(std::filesystem::path folder, QSize size);
 
-    /// Transparent where nothing is drawn. Throws Failure for a drawing that is missing or broken.
+    /// As large as fits, and transparent where nothing is drawn. Throws Failure for a drawing that is missing or
+    /// broken, or shows nothing.
     const QImage& image(const std::string& name);
 
 private:
@@ -22,11 +23,4 @@ private:
     QSize size_;
     std::map<std::string, QImage> images_;
 };
-
-/// Renders one drawing, as large as fits. Throws Failure as above.
-QImage render_drawing(const std::filesystem::path& file, QSize size);
-
-/// The size in design pixels that the drawing gives itself.
-QSize drawing_size(const std::filesystem::path& file);
-
 }  // namespace marrowfen

@@ -15,7 +15,7 @@
 #include "key_cap.h"
 #include "lettering.h"
 #include "offscreen.h"
-#include "picture_list.h"
+#include "tables/picture_list.h"
 
 namespace marrowfen {
 namespace {
@@ -37,28 +37,26 @@ public:
           cards_(artwork / "cards", kCardSize * kCardScale) {}
 
     /// The bytes of the picture's file.
-    std::string make(const Picture& picture) {
-        if (const auto* card = std::get_if<CardPicture>(&picture.content)) {
-            return encode_bitmap(cards_.image(card->thing.name), kCardScale);
-        }
-        return encode_bitmap(key(std::get<KeyPicture>(picture.content)), kKeyScale);
+    std::string make(const ListedPicture& picture) {
+        if (!picture.cap) return encode_bitmap(cards_.image(picture.drawing), kCardScale);
+        return encode_bitmap(key(*picture.cap, picture), kKeyScale);
     }
 
 private:
-    QImage key(const KeyPicture& picture) {
+    QImage key(CapKind cap, const ListedPicture& picture) {
         QImage image((kCapSize * kKeyScale).toSize(), QImage::Format_ARGB32_Premultiplied);
         image.fill(Qt::transparent);
         QPainter painter(&image);
         painter.setRenderHint(QPainter::Antialiasing);
         painter.scale(kKeyScale, kKeyScale);
-        draw_key_cap(painter, picture.cap);
-        if (const auto* letter = std::get_if<Letter>(&picture.subject)) {
-            painter.fillPath(lettering_.outline(letter->character), kInk);
+        draw_key_cap(painter, cap);
+        if (picture.letter) {
+            painter.fillPath(lettering_.outline(*picture.letter), kInk);
         } else {
             painter.resetTransform();  // the drawing has the size of the file's pixels: no second sampling
             QRect place({}, kDrawingOnCap);
             place.moveCenter((kCapTop.center() * kKeyScale).toPoint());
-            painter.drawImage(place, things_.image(std::get<Thing>(picture.subject).name));
+            painter.drawImage(place, things_.image(picture.drawing));
         }
         return image;
     }
@@ -75,18 +73,18 @@ void check(const fs::path& file) {
 }
 
 void make_pictures(const std::vector<fs::path>& arguments) {
-    const std::vector<Picture> pictures = read_picture_list(arguments[0], read_things(arguments[1]));
-    const fs::path& out = arguments[4];
-    Studio studio(arguments[2], arguments[3]);
+    const std::vector<ListedPicture> pictures = read_picture_list(arguments[0]);
+    Studio studio(arguments[1], arguments[2]);
+    const fs::path& out = arguments[3];
     std::vector<std::string> files;  // all are made before the folder is touched
     files.reserve(pictures.size());
-    for (const Picture& picture : pictures) files.push_back(studio.make(picture));
+    for (const ListedPicture& picture : pictures) files.push_back(studio.make(picture));
 
     std::set<std::string> names;
-    for (const Picture& picture : pictures) names.insert(picture.file);
+    for (const ListedPicture& picture : pictures) names.insert(picture.file);
     remove_other_pictures(out, names);
     for (std::size_t i = 0; i < pictures.size(); ++i) write_if_changed(out / pictures[i].file, files[i]);
-    for (const Picture& picture : pictures) check(out / picture.file);
+    for (const ListedPicture& picture : pictures) check(out / picture.file);
 }
 
 }  // namespace
@@ -94,6 +92,6 @@ void make_pictures(const std::vector<fs::path>& arguments) {
 
 int main(int argc, char* argv[]) {
     const marrowfen::Offscreen toolkit(argv[0]);
-    return marrowfen::run_tool(argc, argv, "make_pictures LIST_FILE THINGS_TSV ARTWORK_FOLDER ANDIKA_TTF OUT_FOLDER",
+    return marrowfen::run_tool(argc, argv, "make_pictures LIST_FILE ARTWORK_FOLDER ANDIKA_TTF OUT_FOLDER",
                                marrowfen::make_pictures);
 }

@@ -1,16 +1,34 @@
 #include "content.h"
 
+#include <algorithm>
+#include <cctype>
+
+#include "core/game_table.h"
+
 namespace marrowfen {
 
+namespace {
+
+/// Words_Keystage1 is read from words-keystage1.tsv.
+std::string file_for(std::string_view table) {
+    std::string name(table);
+    std::ranges::transform(name, name.begin(),
+                           [](unsigned char c) { return c == '_' ? '-' : static_cast<char>(std::tolower(c)); });
+    return name + ".tsv";
+}
+
+}  // namespace
+
 Content read_content(const std::filesystem::path& folder, const std::filesystem::path& drawings, Faults& faults) {
-    constexpr int kGroupsOfStage1 = 7;
-    constexpr int kGroupsOfStage2 = 9;
     Content content;
-    content.tables.push_back(read_games(folder, drawings, content.looks, faults));
-    content.tables.push_back(read_words(folder / "words-keystage1.tsv", "Words_Keystage1", kGroupsOfStage1, faults));
-    content.tables.push_back(read_words(folder / "words-keystage2.tsv", "Words_Keystage2", kGroupsOfStage2, faults));
-    content.tables.push_back(read_sentences(folder / "sentences-keystage1.tsv", "Sentences_Keystage1", faults));
-    content.tables.push_back(read_sentences(folder / "sentences-keystage2.tsv", "Sentences_Keystage2", faults));
+    read_games(folder, drawings, content, faults);
+    for (const Game& game : listed_games()) {
+        const std::string table(game.content_table);
+        if (table.empty() || std::ranges::count(content.tables, table, &ContentTable::name) > 0) continue;
+        const auto file = folder / file_for(table);
+        content.tables.push_back(game.rhyme_groups > 0 ? read_words(file, table, game.rhyme_groups, faults)
+                                                       : read_sentences(file, table, faults));
+    }
     return content;
 }
 

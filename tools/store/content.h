@@ -1,12 +1,11 @@
 #pragma once
 
-#include <array>
 #include <filesystem>
 #include <string>
 #include <vector>
 
-#include "faults.h"
-#include "platform/store.h"
+#include "platform/value.h"
+#include "tables/faults.h"
 
 namespace marrowfen {
 
@@ -18,28 +17,33 @@ struct ContentTable {
     std::vector<Values> rows;
 };
 
+/// The names of things, for the keys in their order.
+using ThingNames = std::vector<std::string>;
+
 /// What a game asks of the picture folders.
 struct GameLook {
-    std::string tiles;  ///< the folder of the tiles' pictures
-    std::string faces;  ///< the folder of the keys' faces; may be empty where the keys are blank
+    std::string tiles;  ///< the set of the tiles' pictures
+    std::string faces;  ///< the set of the keys' faces; may be empty where the keys are blank
     bool shows_faces = false;
     bool splits_hands = false;
-    bool shows_pictures = false;            ///< on the keys, where the hands are not split
-    std::vector<std::string> key_pictures;  ///< for the keys in their order; empty without a set of pictures
+    bool shows_things = false;  ///< on the keys, where the hands are not split
+    ThingNames things;          ///< those on the keys; empty without any
 };
 
 struct Content {
     std::vector<ContentTable> tables;
     std::vector<GameLook> looks;
+    ThingNames things;  ///< those of the set of pictures; empty where no game asks for it
 };
 
-/// Reads and checks the tables of the folder. With faults the content is incomplete and not to be used. Every picture
-/// of a key must have its drawing in the folder of drawings; with an empty path that is not asked.
+/// Reads and checks the tables of the folder. With faults the content is incomplete and not to be used. Every thing
+/// must have its drawing in the folder of drawings; with an empty path that is not asked.
 [[nodiscard]] Content read_content(const std::filesystem::path& folder, const std::filesystem::path& drawings,
                                    Faults& faults);
 
-[[nodiscard]] ContentTable read_games(const std::filesystem::path& folder, const std::filesystem::path& drawings,
-                                      std::vector<GameLook>& looks, Faults& faults);
+/// The table of the games, their looks, and the things that they show.
+void read_games(const std::filesystem::path& folder, const std::filesystem::path& drawings, Content& content,
+                Faults& faults);
 /// Groups 1 to `groups` must be there.
 [[nodiscard]] ContentTable read_words(const std::filesystem::path& file, const std::string& table, int groups,
                                       Faults& faults);

@@ -1,14 +1,13 @@
 #include <algorithm>
-#include <array>
 #include <map>
-#include <optional>
 
 #include "board/key_table.h"
 #include "content.h"
+#include "core/game_table.h"
+#include "core/key_pictures.h"
 #include "platform/letter_case.h"
 #include "platform/sqlite/folding.h"
-#include "platform/sqlite/schema.h"
-#include "tab_table.h"
+#include "tables/tab_table.h"
 
 namespace marrowfen {
 
@@ -27,59 +26,58 @@ enum Column : std::uint8_t {
     kPictures
 };
 
-constexpr int kHighestId = 30;
 constexpr int kHighestNumber = 99;
-constexpr std::array kCapSets{"Upper", "Lower", "Pictures"};
 constexpr std::size_t kLongestName = 34;  // the list has no room for more
+constexpr const char* kSetOfThings = "things";
 
-using KeyPictures = std::vector<std::string>;  ///< for the keys in their order
-
-KeyPictures read_pictures(const std::filesystem::path& file, const std::filesystem::path& drawings, Faults& faults) {
+ThingNames read_things(const std::filesystem::path& file, const std::filesystem::path& drawings, Faults& faults) {
     enum PictureColumn : std::uint8_t { kKey, kPicture };
     const TabTable table(file, {"key", "picture"}, faults);
-    KeyPictures pictures;
+    ThingNames things;
     std::map<std::string, int> seen;
     for (const TabTable::Row& line : table.rows()) {
         const RowReader row(table, line, faults);
-        const std::string picture = row.needed(kPicture);
-        if (pictures.size() < kKeyPlaces.size()) {
-            const std::string key(1, kKeyPlaces[pictures.size()].tag);
+        const std::string thing = row.needed(kPicture);
+        if (things.size() < kKeyPlaces.size()) {
+            const std::string key(1, kKeyPlaces[things.size()].tag);
             if (row.cell(kKey) != key) row.fault("key is '" + row.cell(kKey) + "', but '" + key + "' comes here");
         }
-        // Anything else could lead out of the folder of pictures.
-        if (!all_small_letters(picture)) {
-            row.fault("picture '" + picture + "' should have the letters a to z alone");
-        } else if (!drawings.empty() && !std::filesystem::exists(drawings / (picture + ".svg"))) {
-            row.fault("there is no drawing '" + picture + ".svg'");
+        // Anything else could lead out of the folder of pictures, and a single letter is the name of a key's picture.
+        if (!all_small_letters(thing)) {
+            row.fault("picture '" + thing + "' should have the letters a to z alone");
+        } else if (thing.size() == 1) {
+            row.fault("picture '" + thing + "' should have two letters or more");
+        } else if (!drawings.empty() && !std::filesystem::exists(drawings / (thing + ".svg"))) {
+            row.fault("there is no drawing '" + thing + ".svg'");
         }
-        row.only_once(kPicture, picture, seen);
-        pictures.push_back(picture);
+        row.only_once(kPicture, thing, seen);
+        things.push_back(thing);
     }
-    if (table.has_its_columns() && pictures.size() != kKeyPlaces.size()) {
-        faults.add(file, table.head_line(),
-                   "there are " + std::to_string(pictures.size()) + " keys, but should be " +
-                       std::to_string(kKeyPlaces.size()));
+    if (table.has_its_columns() && things.size() != kKeyPlaces.size()) {
+        faults.add(
+            file, table.head_line(),
+            "there are " + std::to_string(things.size()) + " keys, but should be " + std::to_string(kKeyPlaces.size()));
     }
-    pictures.resize(kKeyPlaces.size());
-    return pictures;
+    things.resize(kKeyPlaces.size());
+    return things;
 }
 
-/// Sets of pictures by name, each read once.
-class PictureSets {
+/// The tables of things by name, each read once.
+class ThingTables {
 public:
-    PictureSets(std::filesystem::path folder, std::filesystem::path drawings, Faults& faults)
+    ThingTables(std::filesystem::path folder, std::filesystem::path drawings, Faults& faults)
         : folder_(std::move(folder)), drawings_(std::move(drawings)), faults_(faults) {}
 
-    KeyPictures take(const std::string& name) {
-        const auto known = sets_.find(name);
-        if (known != sets_.end()) return known->second;
-        return sets_[name] = read_pictures(folder_ / (name + ".tsv"), drawings_, faults_);
+    const ThingNames& take(const std::string& name) {
+        const auto known = tables_.find(name);
+        if (known != tables_.end()) return known->second;
+        return tables_[name] = read_things(folder_ / (name + ".tsv"), drawings_, faults_);
     }
 
 private:
     std::filesystem::path folder_, drawings_;
     Faults& faults_;
-    std::map<std::string, KeyPictures> sets_;
+    std::map<std::string, ThingNames> tables_;
 };
 
 /// Null where the cell is empty.
@@ -97,7 +95,7 @@ void check_look(const RowReader& row, const TabTable& table, const GameLook& loo
     if (look.shows_faces) (void)row.needed(kFaces);
     for (const Column column : {kTiles, kFaces}) {
         const std::string& set = row.cell(column);
-        const bool known = std::ranges::any_of(kCapSets, [&](const char* name) { return same_name(set, name); });
+        const bool known = std::ranges::any_of(kPictureSets, [&](auto name) { return same_name(set, name); });
         if (!known && !set.empty()) {
             row.fault(table.column(column) + " is '" + set + "', but should be Upper, Lower or Pictures");
         }
@@ -105,7 +103,7 @@ void check_look(const RowReader& row, const TabTable& table, const GameLook& loo
     if (!all_letters(row.cell(kPictures))) {
         row.fault("pics '" + row.cell(kPictures) + "' should have the letters A to Z alone");
     }
-    if (look.shows_pictures && row.cell(kPictures).empty()) {
+    if (look.shows_things && row.cell(kPictures).empty()) {
         row.fault("background is True, so pics should name the pictures");
     }
 }
@@ -118,20 +116,20 @@ void check_name(const RowReader& row, const std::string& name) {
 
 }  // namespace
 
-ContentTable read_games(const std::filesystem::path& folder, const std::filesystem::path& drawings,
-                        std::vector<GameLook>& looks, Faults& faults) {
-    ContentTable content{.name = "Templates", .rows = {}};
+void read_games(const std::filesystem::path& folder, const std::filesystem::path& drawings, Content& content,
+                Faults& faults) {
+    ContentTable games{.name = "Templates", .rows = {}};
     const TabTable table(folder / "games.tsv",
                          {"Template_ID", "GameNumber", "GameName", "Panels", "dragtype", "droptype",
                           "backgroundletters", "Split", "background", "pics"},
                          faults);
-    PictureSets sets(folder, drawings, faults);
+    ThingTables things(folder, drawings, faults);
     std::map<std::string, int> ids;
     std::map<std::string, int> numbers;
     std::map<std::string, int> names;
     for (const TabTable::Row& line : table.rows()) {
         const RowReader row(table, line, faults);
-        const auto id = row.whole(kId, 1, kHighestId);
+        const auto id = row.whole(kId, 1, static_cast<int>(listed_games().size()));
         const auto number = row.whole(kNumber, 1, kHighestNumber);
         const std::string name = row.needed(kName);
         if (id) row.only_once(kId, std::to_string(*id), ids);
@@ -152,23 +150,26 @@ ContentTable read_games(const std::filesystem::path& folder, const std::filesyst
                       .faces = row.cell(kFaces),
                       .shows_faces = as_flag(values[kShowsFaces]),
                       .splits_hands = as_flag(values[kSplit]),
-                      .shows_pictures = as_flag(values[kBackground]),
-                      .key_pictures = {}};
+                      .shows_things = as_flag(values[kBackground]),
+                      .things = {}};
         check_look(row, table, look);
-        const std::string& set = row.cell(kPictures);
-        if (!set.empty() && all_letters(set)) look.key_pictures = sets.take(set);
+        const std::string& named = row.cell(kPictures);
+        if (!named.empty() && all_letters(named)) look.things = things.take(named);
+        if (same_name(look.tiles, kThings) || same_name(look.faces, kThings))
+            content.things = things.take(kSetOfThings);
         for (std::size_t key = 0; key < kKeyPlaces.size(); ++key) {
-            values.push_back(look.key_pictures.empty() ? Value{} : text_or_null(look.key_pictures[key]));
+            values.push_back(look.things.empty() ? Value{} : text_or_null(look.things[key]));
         }
-        content.rows.push_back(std::move(values));
-        looks.push_back(std::move(look));
+        games.rows.push_back(std::move(values));
+        content.looks.push_back(std::move(look));
     }
-    for (int id = 1; table.has_its_columns() && id <= kHighestId; ++id) {
-        if (!ids.contains(std::to_string(id))) {
-            faults.add(table.file(), table.head_line(), "there is no game with the Template_ID " + std::to_string(id));
+    for (const Game& game : listed_games()) {
+        const std::string id = std::to_string(game.id);
+        if (table.has_its_columns() && !ids.contains(id)) {
+            faults.add(table.file(), table.head_line(), "there is no game with the Template_ID " + id);
         }
     }
-    return content;
+    content.tables.push_back(std::move(games));
 }
 
 }  // namespace marrowfen

@@ -7,11 +7,6 @@ int main(int argc, char* argv[]) {
     using namespace marrowfen;
     return run_tool(argc, argv, "build_store CONTENT_FOLDER DRAWINGS_FOLDER PICTURE_LIST_OUT DATA_MDB",
                     [](const std::vector<std::filesystem::path>& arguments) {
-                        std::string lines;
-                        for (const std::string& fault :
-                             build_store_and_list(arguments[0], arguments[1], arguments[2], arguments[3])) {
-                            lines += (lines.empty() ? "" : "\n") + fault;
-                        }
-                        if (!lines.empty()) throw Failure(lines);
+                        fail_with(build_store_and_list(arguments[0], arguments[1], arguments[2], arguments[3]));
                     });
 }

@@ -3,7 +3,8 @@
 #include <map>
 
 #include "content.h"
-#include "tab_table.h"
+#include "core/game_table.h"
+#include "tables/tab_table.h"
 
 namespace marrowfen {
 
@@ -12,7 +13,6 @@ namespace {
 enum Column : std::uint8_t { kId, kSentence, kVerb, kNoun, kAdjective };
 constexpr std::array kClasses{kVerb, kNoun, kAdjective};
 
-constexpr std::size_t kFewestSentences = 6;  // what one game asks for
 constexpr std::size_t kLongestSentence = 45;
 constexpr std::size_t kLongestWord = 12;
 constexpr int kHighestId = 32767;
@@ -75,10 +75,10 @@ ContentTable read_sentences(const std::filesystem::path& file, const std::string
         }
         content.rows.push_back(std::move(values));
     }
-    if (table.has_its_columns() && content.rows.size() < kFewestSentences) {
+    if (table.has_its_columns() && content.rows.size() < kSentencesInAGame) {
         faults.add(table.file(), table.head_line(),
                    "there are " + std::to_string(content.rows.size()) + " sentences, and a game needs " +
-                       std::to_string(kFewestSentences));
+                       std::to_string(kSentencesInAGame));
     }
     return content;
 }

@@ -5,7 +5,7 @@
 #include <system_error>
 
 #include "content.h"
-#include "picture_list.h"
+#include "game_pictures.h"
 #include "store_file.h"
 
 namespace marrowfen {
@@ -20,9 +20,7 @@ std::string text_of(const fs::path& file) {
     return std::move(text).str();
 }
 
-bool write_list(const fs::path& file, const std::vector<std::string>& pictures) {
-    std::string text;
-    for (const std::string& picture : pictures) text += picture + "\n";
+bool write_list(const fs::path& file, const std::string& text) {
     if (text_of(file) == text) return true;
     std::error_code error;
     if (file.has_parent_path()) fs::create_directories(file.parent_path(), error);
@@ -51,7 +49,7 @@ std::vector<std::string> build_store_and_list(const fs::path& content_folder, co
     Faults faults;
     const Content content = read_content(content_folder, drawings, faults);
     auto lines = write(content, faults, data_mdb);
-    if (lines.empty() && !write_list(picture_list, pictures_for(content))) {
+    if (lines.empty() && !write_list(picture_list, as_table(pictures_for(content)))) {
         lines.push_back(picture_list.generic_string() + ": the list of pictures can't be written");
     }
     return lines;

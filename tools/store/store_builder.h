@@ -13,8 +13,9 @@ namespace marrowfen {
 [[nodiscard]] std::vector<std::string> build_store(const std::filesystem::path& content_folder,
                                                    const std::filesystem::path& data_mdb);
 
-/// The same, where every picture of a key must have its drawing NAME.svg in `drawings`. Writes the names of all picture
-/// files that the games need into `picture_list`, one a line. A list that would not change is not touched.
+/// The same, where every picture of a key must have its drawing NAME.svg in `drawings`. Writes what all pictures are
+/// that the games need into `picture_list`, as `read_picture_list` reads it. A list that would not change is not
+/// touched.
 [[nodiscard]] std::vector<std::string> build_store_and_list(const std::filesystem::path& content_folder,
                                                             const std::filesystem::path& drawings,
                                                             const std::filesystem::path& picture_list,

@@ -1,9 +1,10 @@
 #include "store_file.h"
 
-#include <array>
+#include <algorithm>
 #include <string>
 #include <system_error>
 
+#include "platform/letter_case.h"
 #include "platform/sqlite/connection.h"
 #include "platform/sqlite/new_row.h"
 #include "platform/sqlite/schema.h"
@@ -17,7 +18,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-using Failure = std::optional<StoreFailure>;
+using Outcome = std::optional<StoreFailure>;  ///< none: it worked
 
 /// Tells whether two texts are the same; nobody has a reason to forge it (FNV-1a).
 class Fingerprint {
@@ -67,7 +68,7 @@ bool holds(Connection& connection, const std::string& fingerprint) {
 }
 
 /// Views go first, since they stand on the tables.
-Failure drop_content(Connection& connection) {
+Outcome drop_content(Connection& connection) {
     for (const SourceKind kind : {SourceKind::Query, SourceKind::Content}) {
         const std::string drop = kind == SourceKind::Query ? "DROP VIEW IF EXISTS " : "DROP TABLE IF EXISTS ";
         for (const Source& source : sources()) {
@@ -78,7 +79,7 @@ Failure drop_content(Connection& connection) {
     return std::nullopt;
 }
 
-Failure create_sources(Connection& connection) {
+Outcome create_sources(Connection& connection) {
     for (const Source& source : sources()) {
         for (const std::string& statement : creation_of(source)) {
             if (auto failure = connection.run(statement)) return failure;
@@ -87,7 +88,7 @@ Failure create_sources(Connection& connection) {
     return std::nullopt;
 }
 
-Failure fill(Connection& connection, const Content& content, const std::string& fingerprint) {
+Outcome fill(Connection& connection, const Content& content, const std::string& fingerprint) {
     for (const ContentTable& table : content.tables) {
         const Source* source = find_source(table.name);
         if (source == nullptr) return StoreFailure{"the store has no table " + table.name};
@@ -98,7 +99,7 @@ Failure fill(Connection& connection, const Content& content, const std::string& 
     return insert_row(connection, *find_source("Built"), {fingerprint});
 }
 
-Failure write_content(Connection& connection, const Content& content, const std::string& fingerprint) {
+Outcome write_content(Connection& connection, const Content& content, const std::string& fingerprint) {
     Transaction transaction(connection);
     if (auto failure = transaction.begin()) return failure;
     if (auto failure = drop_content(connection)) return failure;
@@ -123,12 +124,12 @@ void remove_with_journal(const fs::path& file) {
 }
 
 /// A store that is half made never bears the store's name.
-Failure create(const fs::path& file, const Content& content, const std::string& fingerprint) {
+Outcome create(const fs::path& file, const Content& content, const std::string& fingerprint) {
     std::error_code error;
     if (file.has_parent_path()) fs::create_directories(file.parent_path(), error);
     const fs::path unfinished = fs::path(file) += ".new";
     remove_with_journal(unfinished);
-    Failure failure;
+    Outcome failure;
     {
         Connection connection(unfinished, Connection::Mode::Create, SqliteStoreEngine::kBusyTimeout);
         failure = connection.open_failure();
@@ -144,7 +145,7 @@ Failure create(const fs::path& file, const Content& content, const std::string& 
     return failure;
 }
 
-Failure bring_up_to_date(const fs::path& file, const Content& content, const std::string& fingerprint) {
+Outcome bring_up_to_date(const fs::path& file, const Content& content, const std::string& fingerprint) {
     Connection connection(file, Connection::Mode::Existing, SqliteStoreEngine::kBusyTimeout);
     if (auto failure = connection.open_failure()) return failure;
     if (auto failure = check_identity(connection)) return failure;
@@ -154,16 +155,40 @@ Failure bring_up_to_date(const fs::path& file, const Content& content, const std
     return write_content(connection, content, fingerprint);
 }
 
+/// The program finds its store without regard to case, so a store is one whatever case its name is written in.
+struct FoundStores {
+    std::vector<std::string> names;  ///< in the folder
+    Outcome outcome;                 ///< a folder that does not answer just now may hold the pupils of a whole school
+};
+
+FoundStores stores_like(const fs::path& file) {
+    FoundStores found;
+    std::error_code error;
+    const fs::path folder = file.has_parent_path() ? file.parent_path() : ".";
+    if (fs::symlink_status(folder, error).type() == fs::file_type::not_found) return found;
+    for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
+        std::string name = entry->path().filename().string();
+        if (same_name(name, file.filename().string())) found.names.push_back(std::move(name));
+    }
+    if (error) found.outcome = {"its folder can't be read (" + error.message() + ")"};
+    std::ranges::sort(found.names);
+    return found;
+}
+
 }  // namespace
 
 std::optional<StoreFailure> write_store(const fs::path& file, const Content& content) {
     const std::string fingerprint = fingerprint_of(content);
-    std::error_code error;
-    const auto status = fs::symlink_status(file, error);
-    // Only when that is certain: a drive that does not answer just now may hold the pupils of a whole school.
-    if (status.type() == fs::file_type::not_found) return create(file, content, fingerprint);
-    if (auto failure = check_place(file)) return failure;
-    return bring_up_to_date(file, content, fingerprint);
+    const FoundStores found = stores_like(file);
+    if (found.outcome) return found.outcome;
+    if (found.names.empty()) return create(file, content, fingerprint);
+    if (found.names.size() > 1) {
+        return StoreFailure{found.names[0] + " and " + found.names[1] +
+                            " can't both be the data store; move one of them away"};
+    }
+    const fs::path store = file.parent_path() / found.names.front();
+    if (auto failure = check_place(store)) return failure;
+    return bring_up_to_date(store, content, fingerprint);
 }
 
 }  // namespace marrowfen

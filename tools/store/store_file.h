@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "content.h"
+#include "platform/store.h"
 
 namespace marrowfen {
 

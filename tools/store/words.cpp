@@ -2,17 +2,15 @@
 #include <set>
 
 #include "content.h"
+#include "core/game_table.h"
 #include "platform/sqlite/folding.h"
-#include "tab_table.h"
+#include "tables/tab_table.h"
 
 namespace marrowfen {
 
 namespace {
 
 enum Column : std::uint8_t { kGroup, kWord, kEnd };
-
-/// A task asks for one to all but two of a group's words, so a smaller group has no task.
-constexpr std::size_t kFewestWords = 3;
 
 struct Group {
     int first_line = 0;
@@ -45,10 +43,10 @@ void check_groups(const TabTable& table, int groups, const std::map<int, Group>&
             faults.add(table.file(), table.head_line(), "group " + std::to_string(id) + " is missing");
     }
     for (const auto& [id, group] : found) {
-        if (group.words.size() < kFewestWords) {
+        if (group.words.size() < kFewestRhymes) {
             faults.add(table.file(), group.first_line,
                        "group " + std::to_string(id) + " has only " + std::to_string(group.words.size()) +
-                           " words; it needs " + std::to_string(kFewestWords));
+                           " words; it needs " + std::to_string(kFewestRhymes));
         }
     }
     // In the first task of a game the last letter on show counts as tried already, so no word may begin with it.

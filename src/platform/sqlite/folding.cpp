@@ -29,15 +29,4 @@ std::string folded(std::string_view text) {
     return {reinterpret_cast<const char*>(result), static_cast<std::size_t>(length)};
 }
 
-bool is_utf8(std::string_view text) {
-    while (!text.empty()) {
-        utf8proc_int32_t character = 0;
-        const auto length = utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(text.data()),
-                                             static_cast<utf8proc_ssize_t>(text.size()), &character);
-        if (length <= 0) return false;
-        text.remove_prefix(static_cast<std::size_t>(length));
-    }
-    return true;
-}
-
 }  // namespace marrowfen

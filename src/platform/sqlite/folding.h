@@ -9,6 +9,4 @@ namespace marrowfen {
 /// Text that is not UTF-8 is its own folded form.
 [[nodiscard]] std::string folded(std::string_view text);
 
-[[nodiscard]] bool is_utf8(std::string_view text);
-
 }  // namespace marrowfen

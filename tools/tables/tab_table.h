@@ -7,12 +7,12 @@
 #include <string_view>
 #include <vector>
 
-#include "faults.h"
+#include "tables/faults.h"
 
 namespace marrowfen {
 
-/// A table as a spreadsheet saves it: UTF-8, cells parted by tabs, the names of the columns in the first line. Lines
-/// that begin with # are notes. Blanks round a cell do not count.
+/// A table as a spreadsheet saves it: UTF-8 with the line ends of any system, cells parted by tabs, the names of the
+/// columns in the first line. Lines that begin with # are notes. Blanks round a cell do not count.
 class TabTable {
 public:
     struct Row {
@@ -32,14 +32,15 @@ public:
 
 private:
     void read(std::istream& input, Faults& faults);
-    /// Where each column stands in the file; nullopt when one is missing, unknown or there twice.
-    [[nodiscard]] std::optional<std::vector<std::size_t>> places(const std::vector<std::string>& names,
-                                                                 Faults& faults) const;
-    void add_row(int line, const std::vector<std::string>& cells, const std::vector<std::size_t>& places,
-                 Faults& faults);
+    /// False: the table can't be read from here on.
+    [[nodiscard]] bool take(std::string_view line, int number, Faults& faults);
+    /// Finds out where each column stands in the file. False: one is missing, unknown or there twice.
+    [[nodiscard]] bool take_head(const std::vector<std::string>& names, Faults& faults);
+    void add_row(int line, const std::vector<std::string>& cells, Faults& faults);
 
     std::filesystem::path file_;
     std::vector<std::string> columns_;
+    std::vector<std::size_t> places_;  ///< of the columns in the file
     std::vector<Row> rows_;
     int head_line_ = 1;
     bool has_its_columns_ = false;
