@@ -28,7 +28,7 @@ public:
     Result(StoreFailure failure) : answer_(std::in_place_index<1>, std::move(failure)) {}
 
     [[nodiscard]] const StoreFailure* failure() const& { return std::get_if<1>(&answer_); }
-    const StoreFailure* failure() const&& = delete;  // it would not outlive the line
+    [[nodiscard]] const StoreFailure* failure() const&& = delete;  // it would not outlive the line
     [[nodiscard]] const T& value() const& { return std::get<0>(answer_); }
     [[nodiscard]] T value() && { return std::get<0>(std::move(answer_)); }
     [[nodiscard]] T value_or(T otherwise) const { return failure() ? std::move(otherwise) : value(); }
@@ -40,8 +40,9 @@ private:
 /// A cursor over the rows of a table or a saved query, in the source's order. Table and field names are taken without
 /// regard to case. It reads nothing before it is asked: opened, it stands on its first row without having seen it.
 ///
-/// A move or a search answers whether there is a row where it has led, or why that can't be read; then the row set
-/// stands where it stood, and may be asked again. What was answered is in memory, so that to read a field can't fail.
+/// A move or a search answers whether there is a row where it has led: false is past the last row, or no match, and an
+/// empty source has no first row. Or it answers why that can't be read; then the row set stands where it stood, and may
+/// be asked again. What was answered is in memory, so that to read a field can't fail.
 ///
 /// A criterion is `field=number` or `field='text'`, several joined by `And`, blanks where one likes; a single quote
 /// inside the text is doubled. Text is compared by Unicode case folding. A criterion that can't be understood, or names
