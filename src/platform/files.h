@@ -7,7 +7,8 @@
 
 namespace marrowfen {
 
-/// The program's folder, and the way from the names that the logic uses to the real disk.
+/// The program's folder, and the way from the names that the logic uses to the real disk. May be asked from any thread:
+/// nothing of it changes during a run.
 class Files {
 public:
     virtual ~Files() = default;
