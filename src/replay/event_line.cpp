@@ -38,8 +38,8 @@ std::string hexadecimal(char32_t code) {
 std::string key_name(Key key) { return key == Key::Enter ? " Enter" : key == Key::D ? " D" : ""; }
 
 std::string flags(bool alt, bool control, bool command, bool repeats, std::uint32_t code) {
-    return (code == 0 ? "" : " c" + std::to_string(code)) + (alt ? " alt" : "") + (control ? " control" : "") + (command ? " command" : "") +
-           (repeats ? " repeats" : "");
+    return (code == 0 ? "" : " c" + std::to_string(code)) + (alt ? " alt" : "") + (control ? " control" : "") +
+           (command ? " command" : "") + (repeats ? " repeats" : "");
 }
 
 template <class Thing>
@@ -238,7 +238,9 @@ std::string to_text(const InputEvent::What& what, const FormSet& forms) {
                 return "key" + key_name(key.key) + (key.character == 0 ? "" : " " + hexadecimal(key.character)) +
                        flags(key.alt, key.control, key.command, key.repeats, key.code);
             },
-            [](const KeyUp& key) { return "up" + key_name(key.key) + flags(key.alt, false, false, key.repeats, key.code); },
+            [](const KeyUp& key) {
+                return "up" + key_name(key.key) + flags(key.alt, false, false, key.repeats, key.code);
+            },
             [&](const TextEdit& edit) { return "text" + thing(*edit.box, forms) + " " + in_quotes(edit.text); },
             [&](const RowChoice& choice) {
                 return "row" + thing(*choice.list, forms) + " " + std::to_string(choice.row);

@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "replay/event_line.h"
 #include "replay/words.h"
 
 namespace marrowfen {
@@ -17,47 +16,50 @@ Player::Player(std::vector<std::string> lines, Files& files, const Audience& aud
       files_(files) {}
 
 Size Player::read_screen() {
-    const std::string* line = tape_.next();
-    Words words(line == nullptr ? std::string_view{} : std::string_view(*line).substr(std::min<std::size_t>(2, line->size())));
-    if (words.take() != "screen") {
-        tape_.diverge("> screen");
+    constexpr std::string_view kScreen = "> screen";
+    const std::string line = tape_.next() == nullptr ? std::string{} : *tape_.next();
+    if (!line.starts_with(kScreen)) {
+        tape_.diverge(std::string(kScreen));
         return {};
     }
+    Words words(std::string_view(line).substr(kScreen.size()));
     const auto width = words.take_number();
     const auto height = words.take_number();
-    tape_.expect(*line);
+    tape_.expect(line);
     return {static_cast<Twips>(width.value_or(0)), static_cast<Twips>(height.value_or(0))};
 }
 
 void Player::started() { look(); }
 
-bool Player::next_is_in(std::size_t yield) const {
+std::optional<EventLine> Player::next_event(std::size_t yield) const {
     const std::string* line = tape_.next();
-    const auto event = line == nullptr ? std::nullopt : to_event_line(*line);
-    return event && event->yield == yield;
+    if (line == nullptr) return std::nullopt;
+    auto event = to_event_line(*line);
+    return event && event->yield == yield ? event : std::nullopt;
 }
 
 std::optional<std::chrono::milliseconds> Player::next_after() {
     if (tape_.next() == nullptr || ended()) return std::nullopt;
-    if (!next_is_in(0)) {
+    const auto event = next_event(0);
+    if (!event) {
         tape_.diverge("nothing more");
         return std::nullopt;
     }
-    return to_event_line(*tape_.next())->after;
+    return event->after;
 }
 
 void Player::step() {
-    if (!next_is_in(0)) return;
-    hand_over();
+    const auto event = next_event(0);
+    if (!event) return;
+    hand_over(*event);
     look();
 }
 
 void Player::play_yield(std::size_t number) {
-    while (next_is_in(number)) hand_over();
+    while (const auto event = next_event(number)) hand_over(*event);
 }
 
-void Player::hand_over() {
-    const EventLine line = *to_event_line(*tape_.next());
+void Player::hand_over(const EventLine& line) {
     auto what = to_event(line.what, program_->forms);
     if (!what) {
         tape_.diverge("an event that nothing here can take");
@@ -83,8 +85,8 @@ std::string Player::complaint() const {
     const auto& divergence = tape_.divergence();
     if (!divergence) return {};
     const std::string event = divergence->event.empty() ? "the start" : "\"" + divergence->event + "\"";
-    return "The run goes another way than its recording, at line " + std::to_string(divergence->line) + ", after " + event +
-           (form_.empty() ? "" : " on " + form_) + ".\nExpected: " + divergence->expected +
+    return "The run goes another way than its recording, at line " + std::to_string(divergence->line) + ", after " +
+           event + (form_.empty() ? "" : " on " + form_) + ".\nExpected: " + divergence->expected +
            "\nFound:    " + divergence->found;
 }
 

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "core/program.h"
+#include "replay/event_line.h"
 #include "replay/screen_watch.h"
 #include "replay/tape.h"
 #include "replay/taped_display.h"
@@ -49,9 +50,10 @@ private:
     };
 
     [[nodiscard]] Size read_screen();
-    [[nodiscard]] bool next_is_in(std::size_t yield) const;
+    [[nodiscard]] std::optional<EventLine> next_event(
+        std::size_t yield) const;  ///< nothing: what comes is another thing
     void play_yield(std::size_t number);
-    void hand_over();
+    void hand_over(const EventLine& line);
     void look();
 
     PlayingTape tape_;

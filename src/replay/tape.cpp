@@ -1,7 +1,6 @@
 #include "replay/tape.h"
 
 #include <fstream>
-#include <iterator>
 #include <utility>
 
 namespace marrowfen {
@@ -54,18 +53,14 @@ std::optional<std::string> PlayingTape::ask(const std::string& question, const s
 
 std::optional<std::vector<std::string>> read_recording(const std::filesystem::path& file, std::string& reason) {
     std::ifstream in(file, std::ios::binary);
-    const std::string text{std::istreambuf_iterator<char>(in), {}};
-    if (!in) {
+    if (!in || std::filesystem::is_directory(file)) {
         reason = "it can't be read";
         return std::nullopt;
     }
     std::vector<std::string> lines;
-    for (std::size_t begin = 0;;) {
-        const std::size_t end = text.find('\n', begin);
-        if (end == std::string::npos) break;
-        lines.push_back(text.substr(begin, end - begin));
-        if (lines.back().ends_with('\r')) lines.back().pop_back();
-        begin = end + 1;
+    for (std::string line; std::getline(in, line) && !in.eof();) {
+        if (line.ends_with('\r')) line.pop_back();
+        lines.push_back(std::move(line));
     }
     if (lines.empty() || lines.front() != kRecordingHead) {
         reason = "it is no recording, or one of another version of Marrowfen";

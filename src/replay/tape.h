@@ -14,8 +14,8 @@ namespace marrowfen {
 /// The text of a run, line by line: what happened, what the world outside answered, and what came of it. What a line
 /// looks like is told in docs/recordings.md.
 ///
-/// The same questions are asked when a run is recorded and when it is played again. Recording, the world answers and the
-/// answer is written down; playing, the recording answers, and a question that it does not expect ends the play.
+/// The same questions are asked when a run is recorded and when it is played again. Recording, the world answers and
+/// the answer is written down; playing, the recording answers, and a question that it does not expect ends the play.
 class Tape {
 public:
     virtual ~Tape() = default;
@@ -82,8 +82,8 @@ private:
     std::optional<Divergence> divergence_;
 };
 
-/// The lines of a recording without its head; a last line that was cut short is left out. Nothing when the file can't be
-/// read or is no recording of this version: `reason` says why.
+/// The lines of a recording without its head; a last line that was cut short is left out. Nothing when the file can't
+/// be read or is no recording of this version: `reason` says why.
 [[nodiscard]] std::optional<std::vector<std::string>> read_recording(const std::filesystem::path& file,
                                                                      std::string& reason);
 

@@ -12,7 +12,7 @@ class TapedDisplay : public Display {
 public:
     TapedDisplay(Display* world, Size screen) : world_(world), screen_(screen) {}
 
-    [[nodiscard]] std::size_t yield_now() const { return now_; }  ///< counted from 1; 0: in none
+    [[nodiscard]] std::size_t yield_now() const { return now_; }              ///< counted from 1; 0: in none
     [[nodiscard]] bool take_dirty() { return std::exchange(dirty_, false); }  ///< whether something looks otherwise
     [[nodiscard]] bool ended() const { return ended_; }
 
