@@ -273,6 +273,23 @@ TEST(TileGame, AMarkFollowsThePointerOverTilesAndTheDragOverKeys) {
     EXPECT_FALSE(mark.Visible);
 }
 
+TEST(TileGame, ATileThatIsTypedAwayWhileItIsHeldLeavesNoMark) {
+    for (const bool over_a_key : {false, true}) {
+        Desk desk;
+        desk.begins_with_tiles(18, 2);
+        desk.ann.fills_keys(34);
+        desk.ann.points_at(desk.tile(0));
+        desk.room.display.press(centre_on_screen(desk.tile(0)));
+        if (over_a_key) desk.room.display.move(centre_on_screen(desk.key("A")));
+        EXPECT_TRUE(desk.board().PanBorder.Visible);
+        desk.ann.types(desk.tile(0).Tag.get());
+        EXPECT_FALSE(desk.tile(0).Visible);
+        desk.room.display.release(centre_on_screen(desk.key("A")));
+        EXPECT_FALSE(desk.board().PanBorder.Visible);
+        EXPECT_EQ(desk.filled(), 35);
+    }
+}
+
 TEST(TileGame, AClosedGameLeavesNothingBehind) {
     Desk desk;
     desk.ann.begins(kManyTiles);
