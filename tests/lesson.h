@@ -105,7 +105,7 @@ public:
     Given gives(std::string_view letter, Way way) {
         constexpr std::array kInTurn{Way::SmallLetters, Way::Mouse, Way::Capitals};
         if (way == Way::Mixed) way = kInTurn.at(turns_++ % kInTurn.size());
-        const Given given{way == Way::SmallLetters ? in_small(letter) : in_capitals(letter), way != Way::Mouse};
+        Given given{way == Way::SmallLetters ? in_small(letter) : in_capitals(letter), way != Way::Mouse};
         if (given.typed) {
             ann.types(given.letter);
         } else if (PictureBox& tile = lowest_tile(); tile.Visible) {

@@ -1,8 +1,7 @@
 // Plays the whole product, and writes down each run. `tools/record_again` calls this after a change that was wanted.
 
-#include <cstdio>
-
 #include "core/game_table.h"
+#include "failure.h"
 #include "lesson.h"
 #include "pupils/frmDeletePupils.h"
 #include "pupils/frmErrmsg.h"
@@ -150,21 +149,13 @@ void trouble(const std::filesystem::path& file) {
     run.room.display.tell(CloseRequest{});
 }
 
-}  // namespace
-
-}  // namespace marrowfen
-
-int main(int argc, char** argv) {
-    using namespace marrowfen;
-    if (argc != 2) {
-        std::puts("Usage: make_recordings OUT_FOLDER");
-        return EXIT_FAILURE;
-    }
-    const std::filesystem::path folder = argv[1];
+void make_all(const std::vector<std::filesystem::path>& arguments) {
+    const std::filesystem::path& folder = arguments[0];
     std::filesystem::create_directories(folder);
     for (int game = 1; game <= kGames; ++game) {
-        std::string name = std::to_string(100 + game).substr(1);
-        Run run(folder / ("game-" + name + ".txt"));
+        std::string number = std::to_string(game);
+        if (number.size() == 1) number = "0" + number;
+        Run run(folder / ("game-" + number + ".txt"));
         run.plays(game);
         run.leaves(game);
     }
@@ -172,5 +163,13 @@ int main(int argc, char** argv) {
     pupils_come_and_go(folder / "pupils-come-and-go.txt");
     messages_and_halls(folder / "messages-and-halls.txt");
     trouble(folder / "trouble.txt");
-    return testing::Test::HasFailure() ? EXIT_FAILURE : EXIT_SUCCESS;
+    if (testing::Test::HasFailure()) throw Failure("A run did not go as it was meant to.");
+}
+
+}  // namespace
+
+}  // namespace marrowfen
+
+int main(int argc, char** argv) {
+    return marrowfen::run_tool(argc, argv, "make_recordings OUT_FOLDER", marrowfen::make_all);
 }

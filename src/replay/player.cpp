@@ -56,7 +56,7 @@ void Player::step() {
 }
 
 void Player::play_yield(std::size_t number) {
-    while (const auto event = next_event(number)) hand_over(*event);
+    for (auto event = next_event(number); event; event = next_event(number)) hand_over(*event);
 }
 
 void Player::hand_over(const EventLine& line) {

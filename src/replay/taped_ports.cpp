@@ -67,7 +67,7 @@ private:
     [[nodiscard]] Result<bool> moved(const std::string& how, const std::function<Result<bool>()>& world) {
         const auto word = tape_.ask(name_ + " " + how, [&] { return outcome(world()); });
         if (auto failure = to_failure(word)) return *failure;
-        return *word == "1";
+        return word == "1";
     }
     [[nodiscard]] std::optional<StoreFailure> written(const std::string& how,
                                                       const std::function<std::optional<StoreFailure>()>& world) {
