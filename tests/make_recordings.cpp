@@ -154,7 +154,7 @@ void make_all(const std::vector<std::filesystem::path>& arguments) {
     std::filesystem::create_directories(folder);
     for (int game = 1; game <= kGames; ++game) {
         std::string number = std::to_string(game);
-        if (number.size() == 1) number = "0" + number;
+        if (number.size() == 1) number.insert(0, "0");
         Run run(folder / ("game-" + number + ".txt"));
         run.plays(game);
         run.leaves(game);
