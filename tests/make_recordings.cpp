@@ -153,8 +153,7 @@ void make_all(const std::vector<std::filesystem::path>& arguments) {
     const std::filesystem::path& folder = arguments[0];
     std::filesystem::create_directories(folder);
     for (int game = 1; game <= kGames; ++game) {
-        std::string number = std::to_string(game);
-        if (number.size() == 1) number.insert(0, "0");
+        const std::string number = std::to_string(100 + game).substr(1);  // always two digits
         Run run(folder / ("game-" + number + ".txt"));
         run.plays(game);
         run.leaves(game);
