@@ -26,6 +26,7 @@ NewRow::NewRow(std::shared_ptr<Connection> connection, const Source& source)
 
 std::optional<StoreFailure> NewRow::begin() {
     if (source_->kind != SourceKind::Lasting) return StoreFailure{"no rows can be added to " + source_->name};
+    if (auto refusal = connection_->write_refusal()) return refusal;
     return source_->numbered.empty() ? std::nullopt : reserve_number();
 }
 
