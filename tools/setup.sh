@@ -1,15 +1,35 @@
-# Sourced by ./run and ./test: installs what is missing, configures, builds. Quiet when there is nothing to do.
+# Sourced by ./run and ./test: installs what is missing, configures, builds. Says how far it is, and next to
+# nothing when there is nothing to do.
 
-build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev libqt6svg6 qt6-wayland libsqlite3-dev
+build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev qt6-wayland libpng-dev libsqlite3-dev
     libutf8proc-dev libsdl2-dev libsndfile1-dev espeak-ng csound sox fonts-comic-neue fonts-sil-andika)
 test_packages=(libgtest-dev xvfb xauth xdotool sqlite3 clang-format)
 
-# install_missing PACKAGE...: says in one line what it installs. Needs Debian or a system that is built on it.
-install_missing() {
-    local missing=() package
-    for package in "$@"; do
-        dpkg-query -W -f='${db:Status-Status}\n' "$package" 2>/dev/null | grep -qx installed || missing+=("$package")
+
+# progress TEXT: shows the last line of the input that says how far it is, as "TEXT: 42 %". A person sees it change in
+# place; a log gets a line for every quarter.
+progress() {
+    local percent shown=-1 quarter
+    while read -r percent; do
+        if [ -t 1 ]; then
+            [ "$percent" = "$shown" ] || printf '\r%s: %d %%' "$1" "$percent"
+        else
+            quarter=$((percent / 25))
+            [ $quarter -le $((shown / 25)) ] || printf '%s: %d %%\n' "$1" "$percent"
+        fi
+        [ "$percent" -le "$shown" ] || shown=$percent
     done
+    if [ -t 1 ] && [ "$shown" -ge 0 ]; then printf '\r%s: done \n' "$1"; fi
+}
+# Each reads what its program says, keeps it in the log, and prints how far that is in whole per cent.
+apt_percent() { tee -a "$1" | sed -nu 's/^[dp][lm]status:[^:]*:\([0-9]*\).*/\1/p'; }
+ninja_percent() { tee -a "$1" | sed -nu 's/^\[\([0-9]*\)\/\([0-9]*\)\].*/\1 \2/p' | awk '{ print int(100 * $1 / $2); fflush() }'; }
+
+# install_missing PACKAGE...: needs Debian or a system that is built on it.
+install_missing() {
+    local missing
+    mapfile -t missing < <(comm -23 <(printf '%s\n' "$@" | sort -u) \
+        <(dpkg-query -W -f='${Package} ${db:Status-Status}\n' "$@" 2>/dev/null | sed -n 's/ installed$//p' | sort -u))
     [ ${#missing[@]} -eq 0 ] && return
     echo "Installing: ${missing[*]}"
     local as_root=()
@@ -21,7 +41,7 @@ install_missing() {
     log=$(mktemp)
     if ! { "${as_root[@]}" apt-get update &&
            "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends \
-               "${missing[@]}"; } >"$log" 2>&1; then
+               -o APT::Status-Fd=1 "${missing[@]}"; } 2>&1 | apt_percent "$log" | progress "Installing"; then
         tail -n 20 "$log" >&2
         echo "The installation failed; its whole log is $log." >&2
         exit 1
@@ -40,9 +60,9 @@ build() {
     if [ -f "$cache" ] && ! grep -qxF -- "CMAKE_HOME_DIRECTORY:INTERNAL=$PWD" "$cache"; then
         configured=no fresh=(--fresh)  # the folder was moved or copied, and all paths of its build lead elsewhere
     fi
-    echo "Building ($preset)"
+    : >"$log"
     if ! { { [ $configured = yes ] || cmake "${fresh[@]}" --preset "$preset" "${@/#/-D}"; } &&
-           cmake --build --preset "$preset"; } >"$log" 2>&1; then
+           cmake --build --preset "$preset"; } 2>&1 | ninja_percent "$log" | progress "Building ($preset)"; then
         grep -E -A30 'error|FAILED|Error' "$log" | head -n 60 >&2
         echo "The build failed; its whole log is $log." >&2
         exit 1

@@ -25,7 +25,7 @@ Qt::CursorShape cursor_over(Control* control) {
 
 }  // namespace
 
-QtDisplay::QtDisplay(const Files& files) : surroundings_(files), drag_view_(surroundings_, &window_) {
+QtDisplay::QtDisplay(const Files& files) : surroundings_(files), window_(files), drag_view_(surroundings_, &window_) {
     QApplication::setQuitOnLastWindowClosed(false);
     scale_to(window_.screen()->size());
     catch_up_.setSingleShot(true);

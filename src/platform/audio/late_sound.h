@@ -11,12 +11,13 @@
 
 namespace marrowfen {
 
-/// The loudspeaker. A thread of its own finds, reads and plays the files, so that the game never waits for the disk or
-/// the device; of several sounds that are asked for in a hurry only the newest is heard.
-class SdlSound final : public SoundDevice {
+/// Sound without waiting. A thread of its own finds, reads and plays the files, so that the game never waits for the
+/// disk or the device; of several sounds that are asked for in a hurry only the newest is heard. That thread and all
+/// that makes sound come with the first cue.
+class LateSound final : public SoundDevice {
 public:
     /// `files` is asked from that thread.
-    explicit SdlSound(const Files& files);
+    explicit LateSound(const Files& files) : files_(files) {}
     void start(std::string_view path) override;
 
 private:
