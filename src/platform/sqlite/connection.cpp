@@ -4,9 +4,9 @@
 
 #include <new>
 
-#include "platform/sqlite/folding.h"
 #include "platform/sqlite/query_text.h"
 #include "platform/sqlite/reasons.h"
+#include "platform/text/folding.h"
 
 namespace marrowfen {
 

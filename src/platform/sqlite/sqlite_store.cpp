@@ -1,6 +1,7 @@
 #include "platform/sqlite/sqlite_store.h"
 
 #include "platform/sqlite/schema.h"
+#include "platform/sqlite/sqlite_register.h"
 #include "platform/sqlite/sqlite_row_set.h"
 #include "platform/sqlite/store_check.h"
 
@@ -27,7 +28,7 @@ private:
 SqliteStoreEngine::SqliteStoreEngine(const Files& files, std::chrono::milliseconds busy_timeout)
     : files_(files), busy_timeout_(busy_timeout) {}
 
-Result<std::unique_ptr<Store>> SqliteStoreEngine::open(std::string_view path) {
+Result<std::shared_ptr<Connection>> SqliteStoreEngine::connect(std::string_view path) {
     const auto file = files_.find(path);
     if (!file) return StoreFailure{"there is no such file"};
     if (auto failure = check_place(*file)) return *failure;
@@ -38,7 +39,19 @@ Result<std::unique_ptr<Store>> SqliteStoreEngine::open(std::string_view path) {
     if (!failure) failure = connection->prepare_to_write();
     if (!failure) failure = check_tables(*connection);
     if (failure) return *failure;
-    return std::unique_ptr<Store>(std::make_unique<SqliteStore>(std::move(connection)));
+    return connection;
+}
+
+Result<std::unique_ptr<Store>> SqliteStoreEngine::open(std::string_view path) {
+    auto connection = connect(path);
+    if (const auto* failure = connection.failure()) return *failure;
+    return std::unique_ptr<Store>(std::make_unique<SqliteStore>(std::move(connection).value()));
+}
+
+Result<std::unique_ptr<Register>> SqliteStoreEngine::open_register(std::string_view path) {
+    auto connection = connect(path);
+    if (const auto* failure = connection.failure()) return *failure;
+    return std::unique_ptr<Register>(std::make_unique<SqliteRegister>(std::move(connection).value()));
 }
 
 }  // namespace marrowfen

@@ -4,9 +4,12 @@
 #include <memory>
 
 #include "platform/files.h"
+#include "platform/register.h"
 #include "platform/store.h"
 
 namespace marrowfen {
+
+class Connection;
 
 /// The store is a SQLite file, which several computers may have open on a shared folder.
 class SqliteStoreEngine final : public StoreEngine {
@@ -19,8 +22,12 @@ public:
     explicit SqliteStoreEngine(const Files& files, std::chrono::milliseconds busy_timeout = kBusyTimeout);
 
     [[nodiscard]] Result<std::unique_ptr<Store>> open(std::string_view path) override;
+    /// The same file, as those see it who look after pupils and results.
+    [[nodiscard]] Result<std::unique_ptr<Register>> open_register(std::string_view path);
 
 private:
+    [[nodiscard]] Result<std::shared_ptr<Connection>> connect(std::string_view path);
+
     const Files& files_;
     std::chrono::milliseconds busy_timeout_;
 };
