@@ -4,7 +4,7 @@
 
 #include <functional>
 
-#include "platform/sqlite/folding.h"
+#include "platform/text/folding.h"
 #include "store_fixture.h"
 
 namespace marrowfen::test {

@@ -4,10 +4,10 @@
 
 #include <new>
 
-#include "platform/sqlite/folding.h"
 #include "platform/sqlite/inspection.h"
 #include "platform/sqlite/query_text.h"
 #include "platform/sqlite/reasons.h"
+#include "platform/text/folding.h"
 
 namespace marrowfen {
 

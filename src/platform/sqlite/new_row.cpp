@@ -3,9 +3,9 @@
 #include <string>
 
 #include "platform/letter_case.h"
-#include "platform/sqlite/folding.h"
 #include "platform/sqlite/query_text.h"
 #include "platform/sqlite/statement.h"
+#include "platform/text/folding.h"
 
 namespace marrowfen {
 

@@ -2,6 +2,7 @@
 
 #include "platform/sqlite/inspection.h"
 #include "platform/sqlite/schema.h"
+#include "platform/sqlite/sqlite_register.h"
 #include "platform/sqlite/sqlite_row_set.h"
 #include "platform/sqlite/store_check.h"
 
@@ -30,7 +31,7 @@ SqliteStoreEngine::SqliteStoreEngine(const Files& files, std::chrono::millisecon
 
 SqliteStoreEngine::~SqliteStoreEngine() = default;
 
-Result<std::unique_ptr<Store>> SqliteStoreEngine::open(std::string_view path) {
+Result<std::shared_ptr<Connection>> SqliteStoreEngine::connect(std::string_view path) {
     const auto file = files_.find(path);
     if (!file) return StoreFailure{"there is no such file", Trouble::Missing};
     if (auto failure = check_place(*file)) return *failure;
@@ -47,7 +48,19 @@ Result<std::unique_ptr<Store>> SqliteStoreEngine::open(std::string_view path) {
     if (auto damage = inspection_->damage()) return *damage;
     connection->set_inspection(inspection_);
     if (auto unprepared = connection->prepare_to_write()) return *unprepared;
-    return std::unique_ptr<Store>(std::make_unique<SqliteStore>(std::move(connection)));
+    return connection;
+}
+
+Result<std::unique_ptr<Store>> SqliteStoreEngine::open(std::string_view path) {
+    auto connection = connect(path);
+    if (const auto* failure = connection.failure()) return *failure;
+    return std::unique_ptr<Store>(std::make_unique<SqliteStore>(std::move(connection).value()));
+}
+
+Result<std::unique_ptr<Register>> SqliteStoreEngine::open_register(std::string_view path) {
+    auto connection = connect(path);
+    if (const auto* failure = connection.failure()) return *failure;
+    return std::unique_ptr<Register>(std::make_unique<SqliteRegister>(std::move(connection).value()));
 }
 
 void SqliteStoreEngine::condemn(const StoreFailure& damage) {

@@ -4,11 +4,13 @@
 #include <memory>
 
 #include "platform/files.h"
+#include "platform/register.h"
 #include "platform/sqlite/patience.h"
 #include "platform/store.h"
 
 namespace marrowfen {
 
+class Connection;
 class Inspection;
 
 /// The store is a SQLite file, which several computers may have open on a shared folder.
@@ -25,12 +27,16 @@ public:
     /// Looks the file through before anything is written to it: one of a few megabytes at once, a larger one beside the
     /// running program.
     [[nodiscard]] Result<std::unique_ptr<Store>> open(std::string_view path) override;
+    /// The same file, as those see it who look after pupils and results.
+    [[nodiscard]] Result<std::unique_ptr<Register>> open_register(std::string_view path);
 
     [[nodiscard]] Patience& patience() { return *patience_; }
     /// From now on nothing is written to the store that is open.
     void condemn(const StoreFailure& damage);
 
 private:
+    [[nodiscard]] Result<std::shared_ptr<Connection>> connect(std::string_view path);
+
     const Files& files_;
     std::shared_ptr<Patience> patience_;
     std::shared_ptr<Inspection> inspection_;

@@ -1,12 +1,11 @@
-#include "tables/tab_table.h"
-
-#include <utf8proc.h>
+#include "school/tab_table.h"
 
 #include <algorithm>
 #include <charconv>
 #include <fstream>
 
 #include "platform/letter_case.h"
+#include "platform/text/letters.h"
 
 namespace marrowfen {
 
@@ -57,16 +56,13 @@ std::size_t count_cells(const std::vector<std::string>& cells) {
 
 /// Why a person could not see what stands in the line. Empty: all can be seen.
 std::string unreadable(std::string_view line) {
-    while (!line.empty()) {
-        utf8proc_int32_t letter = 0;
-        const auto length = utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(line.data()),
-                                             static_cast<utf8proc_ssize_t>(line.size()), &letter);
-        // Text in two bytes a letter shows up as zeros.
-        if (length <= 0 || letter == 0) return "some letters can't be read; save the table as UTF-8";
-        if (letter != '\t' && utf8proc_category(letter) == UTF8PROC_CATEGORY_CC) {
+    switch (unseen_in(line)) {
+        case Unseen::Bytes:
+            return "some letters can't be read; save the table as UTF-8";
+        case Unseen::Control:
             return "there is an invisible control character; type the line anew";
-        }
-        line.remove_prefix(static_cast<std::size_t>(length));
+        case Unseen::Nothing:
+            break;
     }
     return {};
 }
@@ -179,11 +175,6 @@ bool all_small_letters(std::string_view text) {
 
 bool all_letters(std::string_view text) {
     return std::ranges::all_of(text, [](char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); });
-}
-
-std::size_t length_in_characters(std::string_view text) {
-    constexpr auto goes_on = [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; };
-    return text.size() - static_cast<std::size_t>(std::ranges::count_if(text, goes_on));
 }
 
 }  // namespace marrowfen

@@ -1,4 +1,4 @@
-#include "platform/sqlite/folding.h"
+#include "platform/text/folding.h"
 
 #include <utf8proc.h>
 

@@ -1,4 +1,4 @@
-#include "tables/faults.h"
+#include "school/faults.h"
 
 #include <algorithm>
 

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "tables/faults.h"
+#include "school/faults.h"
 
 namespace marrowfen {
 
@@ -67,6 +67,5 @@ private:
 
 [[nodiscard]] bool all_letters(std::string_view text);        ///< a to z and A to Z alone; empty: yes
 [[nodiscard]] bool all_small_letters(std::string_view text);  ///< a to z alone; empty: yes
-[[nodiscard]] std::size_t length_in_characters(std::string_view text);
 
 }  // namespace marrowfen
