@@ -126,10 +126,10 @@ void Monkey::plays_on(frmSimpleKeyBoard& board) {
     clicks(*key);
 }
 
-// Where a handler waits for a cue, it must bear that its game goes.
+// Where a handler waits for a cue, it must bear that more answers come, that time runs out, and that its game goes.
 void Monkey::hammers_inside() {
     if (is_tired_) return;
-    for (int i = draw(3); i > 0; --i) fools_about();
+    for (int i = draw(4); i > 0; --i) once_in(2) ? plays_on() : fools_about();
     auto* board = room_.program.forms.find<frmSimpleKeyBoard>();
     if (board != nullptr && once_in(60)) room_.display.click(centre_on_screen(board->close_De));
 }
@@ -254,8 +254,10 @@ void Monkey::presses_anything(Point at) {
 void Monkey::drags(Point from, Point to) {
     room_.display.press(from);
     room_.display.move(somewhere());
+    if (once_in(20)) plays_on();  // with the other hand
+    if (once_in(50)) room_.seconds_pass(300);
     room_.display.move(to);
-    room_.display.release(to);
+    if (!once_in(50)) room_.display.release(to);
 }
 
 std::string Monkey::what_is_wrong() const {
