@@ -45,6 +45,7 @@ Taker Monkey::handle(const InputEvent& event) {
     const Taker taker = program_.handle(event);
     --depth_;
     if (complaint_.empty()) complaint_ = what_is_wrong();
+    look_at_the_board();
     return taker;
 }
 
@@ -260,6 +261,15 @@ void Monkey::drags(Point from, Point to) {
     if (!once_in(50)) room_.display.release(to);
 }
 
+void Monkey::look_at_the_board() {
+    const State& state = room_.program.state;
+    auto* board = room_.program.forms.find<frmSimpleKeyBoard>();
+    if (!state.GameWon) time_before_ = state.TimeElapsed;
+    if (board == nullptr || state.GameRunning) return;
+    faces_.clear();
+    for (const PictureBox& key : board->Keys) faces_.push_back(key.Picture);
+}
+
 std::string Monkey::what_is_wrong() const {
     std::string wrong = what_is_wrong_with_the_desktop();
     if (wrong.empty()) wrong = what_is_wrong_with_the_game();
@@ -302,6 +312,7 @@ std::string Monkey::what_is_wrong_with_the_game() const {
 
     auto* board = room_.program.forms.find<frmSimpleKeyBoard>();
     auto* stopwatch = room_.program.forms.find<frmTimer>();
+    if (board != nullptr && state.GameWon && state.TimeElapsed != time_before_) return "time went on after the win";
     if (depth_ > 0 || room_.display.ended()) return {};
     if (board == nullptr) return stopwatch == nullptr ? "" : "a clock without a game";
     if (stopwatch == nullptr) return "a game without a clock";
@@ -321,6 +332,11 @@ std::string Monkey::what_is_wrong_with_the_game() const {
         const auto dealt = std::ranges::find(state.KeyLetters, tile.Tag.get());
         if (dealt != state.KeyLetters.end()) return "the letter of a tile can be dealt again";
     }
+    int filled = 0;
+    for (std::size_t i = 0; i < faces_.size(); ++i) {
+        if (board->Keys[static_cast<int>(i) + 1].Picture != faces_[i]) ++filled;
+    }
+    if (state.GameRunning && filled != state.KeysDone) return "a key was counted that was not filled";
     if (on_show.size() != static_cast<std::size_t>(tiles)) return "two tiles have one letter";
     if (tiles != state.PanelsDone - state.KeysDone) return "tiles got lost";
     const auto empty = std::ranges::count_if(state.KeyLetters, &std::string::empty);  // entry 0 always is

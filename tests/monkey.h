@@ -51,6 +51,7 @@ private:
     void clicks(const Control& control, std::optional<std::size_t> row = {});
     void types(char32_t character);
 
+    void look_at_the_board();
     [[nodiscard]] std::string what_is_wrong() const;
     [[nodiscard]] std::string what_is_wrong_with_the_desktop() const;
     [[nodiscard]] std::string what_is_wrong_with_the_game() const;
@@ -62,6 +63,8 @@ private:
     std::size_t events_ = 0;
     int depth_ = 0;  ///< of events within events
     bool is_tired_ = false;
+    std::vector<Picture> faces_;  ///< of the board's keys before the game
+    State::Whole time_before_ = 0;
     std::string complaint_;
 };
 
