@@ -1,5 +1,7 @@
 #include "classroom.h"
 
+#include <unistd.h>
+
 #include <algorithm>
 
 #include "pupils/frmErrmsg.h"

@@ -2,12 +2,8 @@
 
 #include <array>
 
+#include "answers.h"
 #include "board/frmSimpleKeyBoard.h"
-#include "classroom.h"
-#include "content/frmPictureCard.h"
-#include "content/frmSentence.h"
-#include "content/frmWord.h"
-#include "content/frmWordsUsed.h"
 #include "other_program.h"
 #include "pupils/frmErrmsg.h"
 #include "pupils/frmGames.h"
@@ -67,25 +63,11 @@ public:
     [[nodiscard]] bool plays() const { return room.is_open(FormId::frmSimpleKeyBoard); }
 
     /// What she gives next, as a capital or a digit.
-    [[nodiscard]] std::string right_letter() {
-        if (room.is_open(FormId::frmWord)) return rhyming_letter();
-        if (!room.is_open(FormId::frmPictureCard) && !room.is_open(FormId::frmSentence)) return letters().substr(0, 1);
-        const bool spells = room.is_open(FormId::frmWordsUsed);
-        return in_capitals(asked_word().substr(spells ? found().size() : 0, 1));
-    }
+    [[nodiscard]] std::string right_letter() { return answers_.right_letter(); }
     [[nodiscard]] std::string wrong_letter() { return right_letter() == "1" ? "2" : "1"; }
     /// The word to spell: that of the picture, or that of the class in the sentence.
-    [[nodiscard]] std::string asked_word() {
-        if (room.is_open(FormId::frmPictureCard)) {
-            const std::string& file = room.form<frmPictureCard>().pic.Picture->name();
-            const auto name = file.rfind('\\') + 1;
-            return file.substr(name, file.rfind('.') - name);
-        }
-        auto& card = room.form<frmSentence>();
-        return room.look_up(room.state().ContentTable, card.wordtype.Text.get(),
-                            where_text("Sen", card.Sentence.Text.get()));
-    }
-    [[nodiscard]] std::string found() { return room.form<frmWordsUsed>().Wordsfound.Caption; }
+    [[nodiscard]] std::string asked_word() { return answers_.asked_word(); }
+    [[nodiscard]] std::string found() { return answers_.found(); }
     [[nodiscard]] frmSimpleKeyBoard& board() { return room.form<frmSimpleKeyBoard>(); }
     [[nodiscard]] PictureBox& key(std::string_view letter) { return *board().find_key(letter); }
     [[nodiscard]] PictureBox& tile(int index) { return board().DragKey[index]; }
@@ -124,18 +106,7 @@ private:
         for (char& c : small) c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
         return small;
     }
-    [[nodiscard]] std::string rhyming_letter() {
-        const auto& card = room.form<frmWord>();
-        for (char letter = 'A'; letter <= 'Z'; ++letter) {
-            const std::string word = letter + card.end.Caption.get();
-            const bool is_new = card.theword.Caption != word && found().find(word) == std::string::npos;
-            if (is_new && room.look_up(room.state().ContentTable, "ID", where_text("Word", word)) != "0") {
-                return {letter};
-            }
-        }
-        throw std::logic_error("no letter rhymes any more");
-    }
-
+    Answers answers_{room};
     std::size_t turns_ = 0;
 };
 
