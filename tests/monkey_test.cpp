@@ -111,10 +111,19 @@ private:
 
     void types() {
         constexpr std::string_view kKeys = "abcdefghijklmnopqrstuvwxyzAEIOU0123456789 .'\r\b";
+        if (draw(4) == 0) return strikes(static_cast<Key>(2 + draw(10)));
         auto* board = room_.program.forms.find<frmSimpleKeyBoard>();
         const bool knows = board != nullptr && draw(2) == 0;
         const char key = knows ? board->DragKey[0].Tag->front() : one_of(kKeys);
         room_.display.strike({.character = static_cast<char32_t>(key)}, room_.desktop);
+    }
+
+    void strikes(Key key) {
+        const auto* ringed = as<Image>(room_.desktop.ring().at());
+        const bool leaves = ringed != nullptr && (ringed->Picture == art::kExit || ringed->Picture == art::kClose);
+        if (leaves && key < Key::Left && draw(50) > 0) key = Key::Tab;
+        const char32_t character = key == Key::Space ? U' ' : key == Key::Enter ? U'\r' : 0;
+        room_.display.strike({.key = key, .shift = draw(4) == 0, .character = character}, room_.desktop);
     }
 
     void drags(Point from, Point to) {

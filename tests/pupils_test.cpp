@@ -194,7 +194,6 @@ TEST(Message, StaysActiveAndOnTopWhileTheFormBelowLives) {
     ann.selects(room.form<frmGames>().List1, ann.entry_of(9));
     stays();
     ann.types("abc");
-    ann.presses_enter();
     stays();
     ann.presses(&frmErrmsg::ContinueDe);
     EXPECT_EQ(room.desktop.active(), &room.form<frmGames>());
