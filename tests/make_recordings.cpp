@@ -152,8 +152,7 @@ void messages_and_halls(Run& run) {
     run.ann.double_clicks_below(run.room.form<frmGames>().List1);
     run.ann.presses(&frmGames::Snd_On);  // the form below stays alive, but for its list
     run.ann.selects(run.room.form<frmGames>().List1, list.entries()[8]);
-    run.ann.types("abc"), run.ann.presses_enter();
-    run.answers_message();
+    run.ann.types("abc"), run.ann.presses_enter();  // which presses the message's only button
     run.ann.presses(&frmGames::hall_De);
     run.answers_message();
     for (const int game : {5, 27, 28}) {

@@ -212,7 +212,7 @@ void Monkey::types(char32_t character) { room_.display.strike({.character = char
 
 void Monkey::types_anything() {
     const auto character = static_cast<char32_t>(one_of(kKeys));
-    switch (draw(6)) {
+    switch (draw(7)) {
         case 0:  // held down
             for (int i = draw(20); i > 0; --i) {
                 room_.display.tell(KeyDown{.repeats = true, .character = character, .code = 30});
@@ -226,9 +226,21 @@ void Monkey::types_anything() {
             return (void)room_.display.tell(KeyUp{.alt = once_in(2), .code = 31});
         case 3:
             return room_.display.strike({.key = Key::Enter, .character = U'\r'}, room_.desktop);
+        case 4:
+            return moves_the_ring();
         default:
             return types(character);
     }
+}
+
+/// With the keys that lead to whatever can be pressed, and press it, but seldom out of a game or the program.
+void Monkey::moves_the_ring() {
+    auto key = static_cast<Key>(static_cast<int>(Key::Tab) + draw(10));
+    const auto* at = as<Image>(room_.desktop.ring().at());
+    const bool leaves = at != nullptr && (at->Picture == art::kExit || at->Picture == art::kClose);
+    if (leaves && (key == Key::Space || key == Key::Escape) && draw(50) > 0) key = Key::Tab;
+    const char32_t character = key == Key::Space ? U' ' : 0;
+    room_.display.strike({.key = key, .shift = once_in(4), .character = character}, room_.desktop);
 }
 
 void Monkey::presses_anything(Point at) {

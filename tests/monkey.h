@@ -44,6 +44,7 @@ private:
     void hammers_inside();
     void meddles();
     void types_anything();
+    void moves_the_ring();
     void presses_anything(Point at);
     void drags(Point from, Point to);
     [[nodiscard]] Point somewhere();
