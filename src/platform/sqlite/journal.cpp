@@ -4,7 +4,6 @@
 #include <array>
 #include <fstream>
 #include <span>
-#include <string>
 #include <system_error>
 
 #include "platform/sqlite/file_head.h"
@@ -22,7 +21,9 @@ constexpr std::size_t kHeadLength = 28;
 
 }  // namespace
 
-std::filesystem::path journal_of(const std::filesystem::path& file) { return std::filesystem::path(file) += "-journal"; }
+std::filesystem::path journal_of(const std::filesystem::path& file) {
+    return std::filesystem::path(file) += "-journal";
+}
 
 // The head fills a sector. Then comes, for each page that the change touched, its number, its content before, and a
 // checksum. The first page counts the changes, so every change touches it.
