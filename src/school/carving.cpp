@@ -125,11 +125,16 @@ void carve_page(Bytes page, std::size_t begins_at, const std::function<void(Carv
     }
 }
 
+/// The first page of a file, wherever it lies now.
+bool begins_a_file(Bytes page) {
+    return page.size() >= kFileHeadLength && std::equal(kFileMagic.begin(), kFileMagic.end(), page.begin());
+}
+
 class PagedFile {
 public:
     explicit PagedFile(const std::filesystem::path& file) : stream_(file, std::ios::binary) {
         const Bytes head = read(0, kFileHeadLength);
-        if (head.size() < kFileHeadLength) return;
+        if (!begins_a_file(head)) return;
         constexpr std::size_t kSmallest = 512;
         const std::size_t named = head[kPageSizeAt] * std::size_t{256} + head[kPageSizeAt + 1];
         if (named >= kSmallest && std::has_single_bit(named)) page_size_ = named;
@@ -175,7 +180,7 @@ void carve(const std::filesystem::path& file, const std::function<void(CarvedRow
     for (std::size_t number = 1;; ++number) {
         const Bytes page = pages.page(number);
         if (page.empty()) return;
-        if (!free.contains(number)) carve_page(page, number == 1 ? kFileHeadLength : 0, found);
+        if (!free.contains(number)) carve_page(page, begins_a_file(page) ? kFileHeadLength : 0, found);
     }
 }
 

@@ -8,6 +8,7 @@
 #include <new>
 #include <optional>
 #include <string_view>
+#include <utility>
 
 namespace marrowfen::test {
 
@@ -24,10 +25,11 @@ struct PluggedFile : sqlite3_file {
 
 PluggedFile& plugged(sqlite3_file* file) { return *static_cast<PluggedFile*>(file); }
 sqlite3_file* real(sqlite3_file* file) { return plugged(file).real(); }
-sqlite3_vfs* real_vfs(sqlite3_vfs* vfs);
+sqlite3_vfs* the_real_vfs = nullptr;
 
 void note(sqlite3_file* file, Event::Kind kind, std::int64_t at = 0, std::string bytes = {}) {
-    plugged(file).disk->note({.kind = kind, .is_journal = plugged(file).is_journal, .at = at, .bytes = std::move(bytes)});
+    plugged(file).disk->note(
+        {.kind = kind, .is_journal = plugged(file).is_journal, .at = at, .bytes = std::move(bytes)});
 }
 
 int close(sqlite3_file* file) { return real(file)->pMethods->xClose(real(file)); }
@@ -56,15 +58,15 @@ int control(sqlite3_file* file, int what, void* value) {
 int sector(sqlite3_file* file) { return real(file)->pMethods->xSectorSize(real(file)); }
 int kind(sqlite3_file* file) { return real(file)->pMethods->xDeviceCharacteristics(real(file)); }
 
-constexpr sqlite3_io_methods kMethods{1,    close,  read,     write,   cut,    sync, size,    lock,   unlock,
-                                      reserved, control, sector, kind, nullptr, nullptr, nullptr, nullptr, nullptr,
-                                      nullptr};
+constexpr sqlite3_io_methods kMethods{1,       close,   read,     write,   cut,    sync, size,
+                                      lock,    unlock,  reserved, control, sector, kind, nullptr,
+                                      nullptr, nullptr, nullptr,  nullptr, nullptr};
 
 int open(sqlite3_vfs* vfs, const char* name, sqlite3_file* file, int flags, int* flags_then) {
     auto* opened = new (file) PluggedFile{};
     opened->disk = static_cast<PlugDisk*>(vfs->pAppData);
     opened->is_journal = (flags & SQLITE_OPEN_MAIN_JOURNAL) != 0;
-    const int result = real_vfs(vfs)->xOpen(real_vfs(vfs), name, opened->real(), flags, flags_then);
+    const int result = the_real_vfs->xOpen(the_real_vfs, name, opened->real(), flags, flags_then);
     if (result == SQLITE_OK) opened->pMethods = &kMethods;
     if (result == SQLITE_OK && opened->is_journal) note(file, Event::Created);
     return result;
@@ -75,11 +77,8 @@ int remove(sqlite3_vfs* vfs, const char* name, int lasts) {
         static_cast<PlugDisk*>(vfs->pAppData)
             ->note({.kind = lasts ? Event::RemovedToLast : Event::Removed, .is_journal = true, .at = 0, .bytes = {}});
     }
-    return real_vfs(vfs)->xDelete(real_vfs(vfs), name, lasts);
+    return the_real_vfs->xDelete(the_real_vfs, name, lasts);
 }
-
-sqlite3_vfs* the_real_vfs = nullptr;
-sqlite3_vfs* real_vfs(sqlite3_vfs* /*vfs*/) { return the_real_vfs; }
 
 bool heads(std::mt19937& chance) { return (chance() & 1U) != 0; }
 
@@ -142,7 +141,10 @@ PlugDisk::PlugDisk() : vfs_(std::make_unique<sqlite3_vfs>()) {
     sqlite3_vfs_register(vfs_.get(), 1);
 }
 
-PlugDisk::~PlugDisk() {
+PlugDisk::~PlugDisk() { stop(); }
+
+void PlugDisk::stop() {
+    if (std::exchange(stopped_, true)) return;
     sqlite3_vfs_unregister(vfs_.get());
     sqlite3_vfs_register(the_real_vfs, 1);
 }

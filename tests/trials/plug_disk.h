@@ -25,6 +25,7 @@ public:
     PlugDisk(const PlugDisk&) = delete;
     PlugDisk& operator=(const PlugDisk&) = delete;
 
+    void stop();  ///< from here on nothing is noted
     void acknowledge(int saved) { events_.push_back({.kind = Event::Acknowledged, .at = saved}); }
     [[nodiscard]] std::size_t events() const { return events_.size(); }
 
@@ -38,13 +39,14 @@ public:
         Kind kind;
         bool is_journal = false;
         std::int64_t at = 0;
-        std::string bytes;
+        std::string bytes = {};
     };
     void note(Event event) { events_.push_back(std::move(event)); }
 
 private:
     std::vector<Event> events_;
     std::unique_ptr<sqlite3_vfs> vfs_;
+    bool stopped_ = false;
 };
 
 }  // namespace marrowfen::test

@@ -24,6 +24,7 @@ protected:
             disk.acknowledge(i);
         }
         store_.reset();
+        disk.stop();
     }
 
     Lost pull_plugs(int times, PlugDisk::Folder way) {

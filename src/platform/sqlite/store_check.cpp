@@ -64,9 +64,7 @@ std::optional<StoreFailure> check_head(Connection& connection, const std::filesy
     const int read = open_file->pMethods->xRead(open_file, head.data(), static_cast<int>(head.size()), 0);
     if (read == SQLITE_IOERR_SHORT_READ) return kForeign;
     if (read != SQLITE_OK) return StoreFailure{"the disk or the network drive does not answer as it should"};
-    constexpr std::string_view kMagic("SQLite format 3\0", 16);
-    if (!std::equal(kMagic.begin(), kMagic.end(), head.begin(),
-                    [](char a, unsigned char b) { return static_cast<unsigned char>(a) == b; })) {
+    if (!std::equal(kFileMagic.begin(), kFileMagic.end(), head.begin())) {
         return StoreFailure{"the file is not a data store of this program, or is damaged", Trouble::Damaged};
     }
     // A file that claims to be written with a log would have it played back, so both its bytes must say so.
