@@ -2,7 +2,7 @@
 # nothing when there is nothing to do.
 
 build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev qt6-wayland libpng-dev libsqlite3-dev
-    libutf8proc-dev libcsv-dev libsdl2-dev libsndfile1-dev espeak-ng csound sox fonts-comic-neue fonts-sil-andika)
+    libutf8proc-dev libcsv-dev libcli11-dev libsdl2-dev libsndfile1-dev espeak-ng csound sox fonts-comic-neue fonts-sil-andika)
 test_packages=(libgtest-dev xvfb xauth xdotool sqlite3 clang-format)
 fuzz_packages=(clang-16 libclang-rt-16-dev)  # only for tools/trials fuzz
 

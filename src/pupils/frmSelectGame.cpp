@@ -48,6 +48,7 @@ void frmSelectGame::pupil_chosen() {
     if (const auto failure = RunGame()) return program_.tell_unreadable(*failure);
     program_.forms.show(FormId::frmGames);
     program_.forms.hide(kId);
+    if (program_.state.PupilID != 0) program_.seated();
 }
 
 void frmSelectGame::new_player() {

@@ -116,7 +116,7 @@ public:
     const Mode mode;
     const Style style;
     const std::size_t max_length;  ///< in characters
-    /// The user has typed: what is more than `max_length` is dropped.
+    /// The user has typed: what is more than `max_length`, or no letter, is dropped.
     void edit(std::string_view text);
     [[nodiscard]] bool takes_focus() const override { return mode == Mode::Editable; }
     [[nodiscard]] bool is_field() const override { return mode == Mode::Editable; }

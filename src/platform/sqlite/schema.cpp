@@ -14,8 +14,8 @@ using enum SourceKind;
 constexpr const char* kNeeded = "NOT NULL";
 constexpr const char* kUnique = "NOT NULL UNIQUE";
 
-/// An index of every table holds all its fields over again. So a byte that goes wrong in a row no longer fits the index,
-/// which the library's own check finds, and what was lost in the one can be read in the other.
+/// An index of every table holds all its fields over again. So a byte that goes wrong in a row no longer fits the
+/// index, which the library's own check finds, and what was lost in the one can be read in the other.
 std::string whole_index_of(const Source& source) { return source.name + "_whole"; }
 
 /// In a timed game the points are the share of the time that was left, in a typing test the seconds that it took.

@@ -43,7 +43,8 @@ Result<std::shared_ptr<Connection>> SqliteStoreEngine::connect(std::string_view 
     if (!failure) failure = check_tables(*connection);
     if (!failure) failure = check_structure(*connection);
     if (failure) return *failure;
-    if (!inspection_ || !inspection_->is_of(*file)) inspection_ = std::make_shared<Inspection>(*file);
+    if (!inspection_ || inspection_->damage() || !inspection_->is_of(*file))
+        inspection_ = std::make_shared<Inspection>(*file);
     inspection_->begin(*connection);
     if (auto damage = inspection_->damage()) return *damage;
     connection->set_inspection(inspection_);
