@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 #include <sndfile.h>
-#include <unistd.h>
 
 #include <algorithm>
+#include <atomic>
 #include <chrono>
 #include <cstdint>
 #include <filesystem>
@@ -15,6 +15,7 @@
 
 #include "platform/audio/sdl_sound.h"
 #include "platform/system/disk_files.h"
+#include "temporary_folder.h"
 
 namespace marrowfen {
 namespace {
@@ -26,12 +27,9 @@ using namespace std::chrono_literals;
 class AudioTest : public testing::Test {
 protected:
     AudioTest() {
-        fs::create_directory(folder_);
         setenv("SDL_AUDIODRIVER", "disk", 1);
         setenv("SDL_DISKAUDIOFILE", heard_file().c_str(), 1);
     }
-    ~AudioTest() override { fs::remove_all(folder_); }
-
     [[nodiscard]] fs::path heard_file() const { return folder_ / "heard.raw"; }
     [[nodiscard]] std::string path(const std::string& name) const { return files_.program_folder() + "\\" + name; }
 
@@ -73,7 +71,8 @@ protected:
         return fact();
     }
 
-    const fs::path folder_ = fs::temp_directory_path() / ("marrowfen-audio-" + std::to_string(getpid()));
+    const TemporaryFolder temporary_;
+    const fs::path& folder_ = temporary_.path();
     const DiskFiles files_{folder_};
 };
 
@@ -98,10 +97,13 @@ TEST_F(AudioTest, ANewSoundCutsTheRunningOneOff) {
         ASSERT_TRUE(hears(-0.5F, 8600));
     }
     const auto samples = heard();
-    const auto short_one = std::ranges::find_if(samples, [](int s) { return s < -16000; });
-    const auto long_one = std::find_if(samples.rbegin(), samples.rend(), [](int s) { return s > 8000; }).base();
-    EXPECT_LE(long_one, short_one);
-    EXPECT_LT(short_one - long_one, 2 * 44100 * 5 / 1000) << "only a short fade lies between them";
+    const auto cut = std::ranges::find_if(samples, [](int s) { return s < 0; });
+    EXPECT_EQ(std::find_if(cut, samples.end(), [](int s) { return s > 0; }), samples.end());
+    // The wave of the old one does not break off, which would click, but fades out under the new one.
+    EXPECT_NEAR(*cut, (0.25 - 0.5) * 32767, 300);
+    const auto new_one = std::find_if(cut, samples.end(), [](int s) { return s < -16000; });
+    EXPECT_LT(new_one - cut, 2 * 44100 * 5 / 1000);
+    EXPECT_TRUE(std::is_sorted(cut, new_one, std::greater<>()));
 }
 
 TEST_F(AudioTest, WhatIsNoCueIsSilenceAndDoesNoHarm) {
@@ -119,14 +121,35 @@ TEST_F(AudioTest, WhatIsNoCueIsSilenceAndDoesNoHarm) {
     EXPECT_EQ(frames_at(0.25F), 0);
 }
 
-TEST_F(AudioTest, WithoutADeviceTheGameGoesOn) {
+/// Tells how far the loudspeaker's thread has come, since it asks for each file.
+class AskedFiles final : public Files {
+public:
+    explicit AskedFiles(const Files& files) : files_(files) {}
+    [[nodiscard]] std::string program_folder() const override { return files_.program_folder(); }
+    [[nodiscard]] std::string short_program_folder() const override { return files_.short_program_folder(); }
+    [[nodiscard]] std::optional<fs::path> find(std::string_view path) const override {
+        ++asked;
+        return files_.find(path);
+    }
+    mutable std::atomic<int> asked = 0;
+
+private:
+    const Files& files_;
+};
+
+TEST_F(AudioTest, WithoutADeviceTheGameGoesOnAndIsHeardOnceThereIsOne) {
     setenv("SDL_AUDIODRIVER", "bogus", 1);
     record("good.wav", -0.5F, 0.1);
-    {
-        SdlSound sound(files_);
-        for (int i = 0; i < 100; ++i) sound.start(path("good.wav"));
-    }
+    const AskedFiles files(files_);
+    SdlSound sound(files);
+    sound.start(path("good.wav"));
+    ASSERT_TRUE(comes_true([&] { return files.asked == 1; }));
+    sound.start(path("missing.wav"));
+    ASSERT_TRUE(comes_true([&] { return files.asked == 2; })) << "the first one has been given up";
     EXPECT_FALSE(fs::exists(heard_file()));
+    setenv("SDL_AUDIODRIVER", "disk", 1);
+    sound.start(path("good.wav"));
+    EXPECT_TRUE(hears(-0.5F, 4300));
 }
 
 }  // namespace
