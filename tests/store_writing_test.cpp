@@ -81,6 +81,40 @@ TEST_F(StoreTest, RefusesARowThatIsNotRightAndKeepsNothingOfIt) {
     EXPECT_EQ(std::get<std::string>(add_pupil("Zed")), "all 32767 pupil numbers have been used");
 }
 
+/// Where the library waits for another computer no time passes: who looks on is told how much would have.
+class Waiting {
+public:
+    explicit Waiting(std::function<void(std::chrono::microseconds)> look_on) {
+        look_on_ = std::move(look_on);
+        system_ = *sqlite3_vfs_find(nullptr);
+        system_.zName = "waiting";
+        system_.xSleep = [](sqlite3_vfs*, int microseconds) {
+            look_on_(std::chrono::microseconds(microseconds));
+            return microseconds;
+        };
+        sqlite3_vfs_register(&system_, 1);
+    }
+    ~Waiting() { sqlite3_vfs_unregister(&system_); }
+    Waiting(const Waiting&) = delete;
+    Waiting& operator=(const Waiting&) = delete;
+
+private:
+    sqlite3_vfs system_{};
+    static inline std::function<void(std::chrono::microseconds)> look_on_;
+};
+
+TEST_F(StoreTest, WaitsForAnotherComputerThatIsSoonDone) {
+    std::chrono::microseconds waited{};
+    const Waiting waiting([&](std::chrono::microseconds more) {
+        waited += more;
+        if (waited >= 100ms) other_.run("COMMIT");
+    });
+    const auto store = SqliteStoreEngine(files_).open(name_).value();
+    ASSERT_EQ(other_.run("BEGIN EXCLUSIVE"), "");
+    EXPECT_EQ(std::get<std::int64_t>(add_pupil(*store, "Ann")), 1);
+    EXPECT_GE(waited, 100ms);
+}
+
 TEST_F(StoreTest, SaysThatAnotherComputerIsWritingAndWorksAgainAfterwards) {
     std::vector<std::string> names{"Ann"};
     for (int i = 0; i < 30; ++i) names.push_back("Pupil " + std::to_string(i));  // more than are read at once

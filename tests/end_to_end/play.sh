@@ -119,17 +119,6 @@ play_board_game() {  # TEMPLATE_ID TRY
 case $scene in
     tiles_by_mouse) play_board_game 7 drag_first_tile_to_every_key ;;
     word_game_by_keyboard) play_board_game 26 type_every_letter ;;
-    typing_test)
-        first_names_pupil "Ann"
-        pick "$(game_number 27)"
-        xdotool type --delay 60 "the quick brown fox jumps over the lazy dog"
-        xdotool sleep 0.5
-        hall_of_fame_after_a_win
-        one_result || fail "the typing test left no result"
-        expect_result "Points BETWEEN 1 AND 30, TimeTaken = printf('0:%02d', Points)" \
-            "$(kept "SELECT Pupil_ID FROM Pupils")|27|0|1|1"
-        leave_from_hall_of_fame
-        ;;
     small_hands)
         # A double click on a name is none on the list of games, where its second press would open something.
         click 400 448
