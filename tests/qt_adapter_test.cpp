@@ -1,8 +1,11 @@
+#include <sys/stat.h>
+
 #include <QComboBox>
 #include <QLineEdit>
 #include <QListView>
 
 #include "platform/forms/picture_button.h"
+#include "platform/qt/pictures.h"
 #include "platform/qt/toolkit.h"
 #include "toy_screen.h"
 
@@ -43,6 +46,32 @@ TEST_F(QtAdapterTest, PicturesStandWhereTheyBelongOnEveryScreen) {
         EXPECT_EQ(ink(form, {160, 200, 30, 40}), QRect());
         EXPECT_GT(ink(form, {200, 200, 183, 44}).width(), 170);
     }
+}
+
+TEST_F(QtAdapterTest, AFileThatIsNoWholePictureIsItsNameInLettersOnALightGround) {
+    const Typefaces faces(files_);
+    const Pictures pictures(files_, faces);
+    const auto drawn = [&](const std::string& name) {
+        return pictures.render(picture(name), Stretch::Yes, {90, 60}, Scale({1024, 768}, 1)).toImage();
+    };
+    const QImage letters = drawn("nowhere\\cat.bmp");
+    EXPECT_GT(letters.pixelColor(45, 3).lightness(), 200) << "what lies below may be as dark as the letters";
+
+    const std::string file = folder_.filePath("cat.bmp").toStdString();
+    draw_picture("cat.bmp", {300, 300}, Qt::blue);
+    EXPECT_EQ(drawn("cat.bmp").pixelColor(45, 30), QColor(Qt::blue));
+    const auto whole = std::filesystem::file_size(file);
+    for (const std::uintmax_t size : {std::uintmax_t{0}, std::uintmax_t{30}, whole / 2, whole - 1}) {
+        draw_picture("cat.bmp", {300, 300}, Qt::blue);
+        std::filesystem::resize_file(file, size);
+        EXPECT_EQ(drawn("cat.bmp"), letters) << size << " of its bytes";
+    }
+    draw_picture("cat.bmp", {300, 300}, Qt::blue);
+    std::filesystem::resize_file(file, 100'000'000);
+    EXPECT_EQ(drawn("cat.bmp"), letters) << "far too large";
+    std::filesystem::remove(file);
+    ASSERT_EQ(mkfifo(file.c_str(), 0600), 0);
+    EXPECT_EQ(drawn("cat.bmp"), letters) << "nobody ever writes into this pipe";
 }
 
 TEST_F(QtAdapterTest, TextIsDrawnSmallerUntilItFits) {

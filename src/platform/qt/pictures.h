@@ -11,8 +11,8 @@
 
 namespace marrowfen {
 
-/// Reads a picture, anew each time, and brings it to the size that it has on the screen. One that can't be read comes
-/// out as its base name in letters.
+/// Reads a picture, anew each time, and brings it to the size that it has on the screen. One that can't be read whole,
+/// or has more than 20 MB, comes out as its base name in letters on a light ground.
 class Pictures {
 public:
     Pictures(const Files& files, const Typefaces& faces) : files_(files), faces_(faces) {}

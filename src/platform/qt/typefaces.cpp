@@ -3,15 +3,20 @@
 #include <QDir>
 #include <QFontDatabase>
 
+#include "platform/system/small_file.h"
+
 namespace marrowfen {
 
 namespace {
+
+constexpr std::uintmax_t kMostBytes = 20'000'000;
 
 void load_fonts(const Files& files) {
     const auto folder = files.find(files.program_folder() + "\\Fonts");
     if (!folder) return;
     const QDir fonts(QString::fromStdU16String(folder->u16string()));
     for (const QString& name : fonts.entryList({"*.ttf", "*.otf"}, QDir::Files)) {
+        if (!is_small_file(fonts.filePath(name).toStdU16String(), kMostBytes)) continue;  // the start waits for it
         QFontDatabase::addApplicationFont(fonts.filePath(name));
     }
 }
