@@ -1,9 +1,12 @@
+#include <sys/stat.h>
+
 #include <QComboBox>
 #include <QLineEdit>
 #include <QListView>
 
 #include "platform/forms/timer.h"
 #include "platform/qt/house_style.h"
+#include "platform/qt/pictures.h"
 #include "platform/qt/qt_clock.h"
 #include "platform/qt/toolkit.h"
 #include "toy_screen.h"
@@ -84,6 +87,32 @@ TEST_F(QtAdapterTest, AStopwatchShowsItsDiscTheTimeThatIsOverAndTheHand) {
     }
     passes(-4.71F);
     looks({Qt::white, Qt::white, Qt::red, Qt::red});
+}
+
+TEST_F(QtAdapterTest, AFileThatIsNoWholePictureIsItsNameInLettersOnALightGround) {
+    const Typefaces faces(files_);
+    const Pictures pictures(files_, faces);
+    const auto drawn = [&](const std::string& name) {
+        return pictures.render(picture(name), Stretch::Yes, {90, 60}, Scale({1024, 768}, 1)).toImage();
+    };
+    const QImage letters = drawn("nowhere\\cat.bmp");
+    EXPECT_GT(letters.pixelColor(45, 3).lightness(), 200) << "what lies below may be as dark as the letters";
+
+    const std::string file = (folder_.path() / "cat.bmp").string();
+    draw_picture("cat.bmp", {300, 300}, Qt::blue);
+    EXPECT_EQ(drawn("cat.bmp").pixelColor(45, 30), QColor(Qt::blue));
+    const auto whole = std::filesystem::file_size(file);
+    for (const std::uintmax_t size : {std::uintmax_t{0}, std::uintmax_t{30}, whole / 2, whole - 1}) {
+        draw_picture("cat.bmp", {300, 300}, Qt::blue);
+        std::filesystem::resize_file(file, size);
+        EXPECT_EQ(drawn("cat.bmp"), letters) << size << " of its bytes";
+    }
+    draw_picture("cat.bmp", {300, 300}, Qt::blue);
+    std::filesystem::resize_file(file, 100'000'000);
+    EXPECT_EQ(drawn("cat.bmp"), letters) << "far too large";
+    std::filesystem::remove(file);
+    ASSERT_EQ(mkfifo(file.c_str(), 0600), 0);
+    EXPECT_EQ(drawn("cat.bmp"), letters) << "nobody ever writes into this pipe";
 }
 
 TEST_F(QtAdapterTest, TextIsDrawnSmallerUntilItFits) {

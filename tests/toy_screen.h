@@ -112,7 +112,7 @@ protected:
     }
     void release(const Form& form, int x, int y) { QTest::mouseRelease(handle(), Qt::LeftButton, {}, at(form, x, y)); }
     void move(const Form& form, int x, int y) { QTest::mouseMove(handle(), at(form, x, y)); }
-    void click(const Form& form, int x, int y) { press(form, x, y), release(form, x, y); }
+    void click(const Form& form, int x, int y) const { click(at(form, x, y)); }  // which the form may not outlive
     static void click(QPoint place) {
         QTest::mousePress(handle(), Qt::LeftButton, {}, place, kPause);
         QTest::mouseRelease(handle(), Qt::LeftButton, {}, place);

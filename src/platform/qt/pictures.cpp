@@ -1,5 +1,7 @@
 #include "platform/qt/pictures.h"
 
+#include <QBuffer>
+#include <QFile>
 #include <QImageReader>
 #include <QPainter>
 #include <algorithm>
@@ -9,11 +11,13 @@
 
 #include "platform/qt/fitted_text.h"
 #include "platform/qt/house_style.h"
+#include "platform/system/small_file.h"
 
 namespace marrowfen {
 
 namespace {
 
+constexpr std::uintmax_t kMostBytes = 20'000'000;
 constexpr double kMetresPerInch = 0.0254;
 constexpr double kTwipsPerInch = 1440;
 constexpr int kDesignPerMetre = 3780;
@@ -50,6 +54,40 @@ bool fits(QSize drawn, QSize shown) {
 bool stays_sharp(QSize drawn, QSize shown) {
     constexpr double kLeast = 1.25;
     return drawn.width() >= kLeast * shown.width() && drawn.height() >= kLeast * shown.height();
+}
+
+/// What a file holds, for a reader that may want more than there is.
+class Bytes final : public QBuffer {
+public:
+    explicit Bytes(QByteArray* bytes) : QBuffer(bytes) { open(ReadOnly); }
+    [[nodiscard]] bool ran_out() const { return ran_out_; }
+    void forgive() { ran_out_ = false; }
+
+protected:
+    qint64 readData(char* data, qint64 most) override {
+        const qint64 read = QBuffer::readData(data, most);
+        if (read < most) ran_out_ = true;
+        return read;
+    }
+
+private:
+    bool ran_out_ = false;
+};
+
+/// Null: there is no picture, or not the whole of it. A bitmap that breaks off would be shown with whatever the rest of
+/// its memory held; the other formats look after themselves.
+QImage read_picture(const std::filesystem::path& path) {
+    if (!is_small_file(path, kMostBytes)) return {};
+    QFile file(to_qt(path));
+    if (!file.open(QIODevice::ReadOnly)) return {};
+    QByteArray content = file.readAll();
+    Bytes bytes(&content);
+    QImageReader reader(&bytes, "bmp");  // a reader that may guess loads a library for each format there is
+    reader.setAutoDetectImageFormat(false);
+    if (!reader.canRead()) return QImage::fromData(content);  // whatever a teacher has put there
+    bytes.forgive();
+    QImage image = reader.read();
+    return bytes.ran_out() ? QImage() : image;
 }
 
 QPixmap empty(QSize size) {
@@ -101,15 +139,16 @@ QImage Pictures::artwork(const std::string& name, QSize bounds) const {
 
 QImage Pictures::file(const std::string& path) const {
     const auto found = files_.find(path);
-    if (!found) return {};
-    QImage image = read_as("bmp", *found);
-    if (!image.isNull()) return image;
-    return QImageReader(to_qt(*found)).read();  // whatever a teacher has put there
+    return found ? read_picture(*found) : QImage();
 }
 
 QPixmap Pictures::letters(const QString& base_name, QSize bounds) const {
     QPixmap pixmap = empty(bounds);
     QPainter painter(&pixmap);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(colours::kPaleSky);  // what lies below may be dark
+    painter.drawRoundedRect(pixmap.rect(), bounds.height() / 8.0, bounds.height() / 8.0);
     painter.setPen(colours::kInk);
     const int size = std::max(1, bounds.height() * 7 / 10);
     draw_line(painter, pixmap.rect(), Qt::AlignHCenter, base_name, faces_.letters(size), 1);

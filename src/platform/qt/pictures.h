@@ -16,8 +16,8 @@ namespace marrowfen {
 /// Null when it can't be read as that. A reader that may guess the format loads a library for each one there is.
 [[nodiscard]] QImage read_as(const char* format, const std::filesystem::path& file);
 
-/// Reads a picture, anew each time, and brings it to the size that it has on the screen. One that can't be read comes
-/// out as its base name in letters. The program's own pictures were drawn in several sizes when it was built: the one
+/// Reads a picture, anew each time, and brings it to the size that it has on the screen. One that can't be read whole,
+/// or has more than 20 MB, comes out as its base name in letters on a light ground. The program's own pictures were drawn in several sizes when it was built: the one
 /// that fits the screen is shown as it is, and where none does a larger one is scaled down.
 class Pictures {
 public:
