@@ -1,9 +1,10 @@
 # Sourced by ./run and ./test: installs what is missing, configures, builds. Says how far it is, and next to
 # nothing when there is nothing to do.
 
-build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev qt6-wayland libpng-dev libsqlite3-dev
+build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev qt6-wayland libpng-dev libimagequant-dev libsqlite3-dev
     libutf8proc-dev libcsv-dev libsdl2-dev libsndfile1-dev espeak-ng csound sox fonts-comic-neue fonts-sil-andika)
 test_packages=(libgtest-dev xvfb xauth xdotool sqlite3 clang-format)
+bench_packages=(libbenchmark-dev libx11-dev libxtst-dev libxdamage-dev valgrind)
 
 
 # progress TEXT: shows the last line of the input that says how far it is, as "TEXT: 42 %". A person sees it change in

@@ -1,7 +1,10 @@
 #include "platform/qt/pictures.h"
 
+#include <QBuffer>
+#include <QFile>
 #include <QImageReader>
 #include <QPainter>
+#include <QtEndian>
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -19,7 +22,6 @@ constexpr double kTwipsPerInch = 1440;
 constexpr int kDesignPerMetre = 3780;
 // The folders of artwork are called by the height in pixels of the screen that they were drawn for.
 constexpr std::array kDrawnFor{"768", "1080", "2160"};
-constexpr const char* kArtworkFormat = "png";
 
 QString to_qt(const std::filesystem::path& path) { return QString::fromStdU16String(path.u16string()); }
 
@@ -60,10 +62,33 @@ QPixmap empty(QSize size) {
 
 }  // namespace
 
-QImage read_as(const char* format, const std::filesystem::path& file) {
-    QImageReader reader(to_qt(file), format);
+QImage read_png(const std::filesystem::path& file) {
+    QImageReader reader(to_qt(file), "png");
     reader.setAutoDetectImageFormat(false);
     return reader.read();
+}
+
+QImage read_bitmap(const std::filesystem::path& file) {
+    constexpr qsizetype kFileHeader = 14;
+    QFile source(to_qt(file));
+    if (!source.open(QIODevice::ReadOnly)) return {};
+    QByteArray bytes = source.readAll();
+    QBuffer buffer(&bytes);
+    QImageReader reader(&buffer, "bmp");
+    reader.setAutoDetectImageFormat(false);
+    QImage image = reader.read();
+    QList<QRgb> colours = image.colorTable();
+    if (colours.isEmpty()) return image;
+    const auto header = qFromLittleEndian<qint32>(bytes.constData() + kFileHeader);
+    const QByteArray palette = bytes.mid(kFileHeader + header, 4 * colours.size());
+    const auto opacity = [&palette](qsizetype entry) { return static_cast<uchar>(palette[4 * entry + 3]); };
+    bool any = false;
+    for (qsizetype i = 0; i < palette.size() / 4; ++i) any = any || opacity(i) != 0;
+    for (qsizetype i = 0; any && i < palette.size() / 4; ++i) {
+        colours[i] = qRgba(qRed(colours[i]), qGreen(colours[i]), qBlue(colours[i]), opacity(i));
+    }
+    image.setColorTable(colours);
+    return image.convertToFormat(QImage::Format_ARGB32_Premultiplied);  // scaled with its palette it would be grainy
 }
 
 QPixmap Pictures::render(const Picture& picture, Stretch stretch, QSize bounds, const Scale& scale) const {
@@ -89,7 +114,7 @@ QImage Pictures::artwork(const std::string& name, QSize bounds) const {
     for (const char* height : kDrawnFor) {
         const auto found = files_.find(files_.program_folder() + "\\Artwork\\" + height + "\\" + name + ".png");
         if (!found) continue;
-        QImageReader reader(to_qt(*found), kArtworkFormat);
+        QImageReader reader(to_qt(*found), "png");
         reader.setAutoDetectImageFormat(false);
         const QSize drawn = reader.size();
         if (height != kDrawnFor.back() && !fits(drawn, bounds) && !stays_sharp(drawn, bounds)) continue;
@@ -102,7 +127,7 @@ QImage Pictures::artwork(const std::string& name, QSize bounds) const {
 QImage Pictures::file(const std::string& path) const {
     const auto found = files_.find(path);
     if (!found) return {};
-    QImage image = read_as("bmp", *found);
+    QImage image = read_bitmap(*found);
     if (!image.isNull()) return image;
     return QImageReader(to_qt(*found)).read();  // whatever a teacher has put there
 }
