@@ -183,7 +183,7 @@ TEST_F(QtAdapterTest, AnEntryOfADropDownListIsChosenAlsoWhenTheBoxShowsIt) {
     auto& form = shows<Holding<ComboBox>>(Size{3000, 555}, ListBox::Style{comic(15.75)});
     form.control.on_click = [&] { form.told.push_back(form.control.Text); };
     form.control.on_key_press = [](KeyPress& press) { press.swallow(); };
-    for (const char* name : {"Ann", "Ben", "A name that is a good deal longer than the box"}) form.control.add(name);
+    form.control.fill({"Ann", "Ben", "A name that is a good deal longer than the box"});
     form.control.Text = "Ben";
     for (const int row : {1, 0, 2}) {
         settle();
@@ -259,7 +259,7 @@ TEST_F(QtAdapterTest, AFormMayGoInTheMiddleOfItsOwnHandler) {
     settle();
     double_click(at(listing, 150, 110));
     auto& choosing = shows<Holding<ComboBox>>(Size{3000, 555}, ListBox::Style{comic(14.25)});
-    choosing.control.add("Ann"), choosing.control.on_click = [&] { go(choosing); };
+    choosing.control.fill({"Ann"}), choosing.control.on_click = [&] { go(choosing); };
     settle(), type(Qt::Key_Down);
     auto& typed = shows<Holding<TextBox>>(Size{3000, 510}, TextBox::Mode::Editable, TextBox::Style{comic(14.25)});
     typed.control.on_key_press = [&](KeyPress&) { go(typed); };

@@ -1,10 +1,12 @@
 # Sourced by ./run and ./test: installs what is missing, configures, builds. Says how far it is, and next to
 # nothing when there is nothing to do.
 
-build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev qt6-wayland libpng-dev libsqlite3-dev
-    libutf8proc-dev libcsv-dev libcli11-dev libsdl2-dev libsndfile1-dev espeak-ng csound sox fonts-comic-neue fonts-sil-andika)
+build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev qt6-wayland libpng-dev libimagequant-dev
+    libsqlite3-dev libutf8proc-dev libcsv-dev libcli11-dev libsdl2-dev libsndfile1-dev espeak-ng csound sox
+    fonts-comic-neue fonts-sil-andika)
 test_packages=(libgtest-dev xvfb xauth xdotool sqlite3 clang-format)
 fuzz_packages=(clang-16 libclang-rt-16-dev)  # only for tools/trials fuzz
+bench_packages=(libbenchmark-dev libx11-dev libxtst-dev libxdamage-dev valgrind)
 
 
 # progress TEXT: shows the last line of the input that says how far it is, as "TEXT: 42 %". A person sees it change in
@@ -76,5 +78,5 @@ run_tests() {
     local free=0
     [ ! -w /dev/shm ] || free=$(df --output=avail -k /dev/shm | tail -n 1)
     [ "$free" -lt 500000 ] || local -x TMPDIR=/dev/shm
-    ctest -j2 "$@"
+    ctest -j"$(($(nproc) + 2))" "$@"  # some tests wait for a screen or a loudspeaker most of their time
 }

@@ -92,15 +92,10 @@ std::string ListBox::text() const { return selected_ ? entries_[*selected_] : st
 ComboBox::ComboBox(Form& form, const Rect& bounds, const ListBox::Style& style_)
     : Control(form, bounds), Text(*this, {}), style(style_) {}
 
-void ComboBox::clear() {
-    entries_.clear();
+void ComboBox::fill(std::vector<std::string> entries) {
+    entries_ = std::move(entries);
     touched();
     Text = "";
-}
-
-void ComboBox::add(std::string entry) {
-    entries_.push_back(std::move(entry));
-    touched();
 }
 
 void ComboBox::choose(std::size_t index) {

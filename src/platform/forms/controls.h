@@ -159,8 +159,7 @@ public:
     Property<std::string> Text;  ///< what the box shows
     const ListBox::Style style;
 
-    void clear();  ///< the list and the box
-    void add(std::string entry);
+    void fill(std::vector<std::string> entries);  ///< with these instead of what was there; the box is empty
     void choose(std::size_t index);  ///< the user picks an entry: the box shows it, and the click is told
     [[nodiscard]] const std::vector<std::string>& entries() const { return entries_; }
     [[nodiscard]] bool takes_focus() const override { return true; }

@@ -19,11 +19,20 @@ void RoomyRows::initStyleOption(QStyleOptionViewItem* option, const QModelIndex&
     option->state.setFlag(QStyle::State_MouseOver, false);
 }
 
-QStringList to_qt(const std::vector<std::string>& entries) {
-    QStringList list;
-    list.reserve(static_cast<qsizetype>(entries.size()));
-    for (const std::string& entry : entries) list.append(QString::fromStdString(entry));
-    return list;
+void Rows::show(const std::vector<std::string>& entries) {
+    if (entries == entries_) return;
+    beginResetModel();
+    entries_ = entries;
+    endResetModel();
+}
+
+int Rows::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(entries_.size());
+}
+
+QVariant Rows::data(const QModelIndex& index, int role) const {
+    if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::EditRole)) return {};
+    return QString::fromStdString(entries_[static_cast<std::size_t>(index.row())]);
 }
 
 ListField::ListField(Events& events, ListBox& list, QWidget* parent)
@@ -47,10 +56,7 @@ QModelIndex ListField::selected_row() const {
 
 void ListField::refresh() {
     const QScopedValueRollback quiet(refreshing_, true);
-    if (entries_ != list_->entries()) {
-        entries_ = list_->entries();
-        model_.setStringList(to_qt(entries_));
-    }
+    model_.show(list_->entries());
     const auto selected = list_->selected();
     if (!selected) {
         clearSelection();

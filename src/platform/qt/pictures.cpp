@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QImageReader>
 #include <QPainter>
+#include <QtEndian>
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -23,7 +24,6 @@ constexpr double kTwipsPerInch = 1440;
 constexpr int kDesignPerMetre = 3780;
 // The folders of artwork are called by the height in pixels of the screen that they were drawn for.
 constexpr std::array kDrawnFor{"768", "1080", "2160"};
-constexpr const char* kArtworkFormat = "png";
 
 QString to_qt(const std::filesystem::path& path) { return QString::fromStdU16String(path.u16string()); }
 
@@ -74,22 +74,6 @@ private:
     bool ran_out_ = false;
 };
 
-/// Null: there is no picture, or not the whole of it. A bitmap that breaks off would be shown with whatever the rest of
-/// its memory held; the other formats look after themselves.
-QImage read_picture(const std::filesystem::path& path) {
-    if (!is_small_file(path, kMostBytes)) return {};
-    QFile file(to_qt(path));
-    if (!file.open(QIODevice::ReadOnly)) return {};
-    QByteArray content = file.readAll();
-    Bytes bytes(&content);
-    QImageReader reader(&bytes, "bmp");  // a reader that may guess loads a library for each format there is
-    reader.setAutoDetectImageFormat(false);
-    if (!reader.canRead()) return QImage::fromData(content);  // whatever a teacher has put there
-    bytes.forgive();
-    QImage image = reader.read();
-    return bytes.ran_out() ? QImage() : image;
-}
-
 QPixmap empty(QSize size) {
     QPixmap pixmap(size);
     pixmap.fill(Qt::transparent);
@@ -98,10 +82,36 @@ QPixmap empty(QSize size) {
 
 }  // namespace
 
-QImage read_as(const char* format, const std::filesystem::path& file) {
-    QImageReader reader(to_qt(file), format);
+QImage read_png(const std::filesystem::path& file) {
+    QImageReader reader(to_qt(file), "png");
     reader.setAutoDetectImageFormat(false);
     return reader.read();
+}
+
+QImage read_bitmap(const std::filesystem::path& file) {
+    constexpr qsizetype kFileHeader = 14;
+    QFile source(to_qt(file));
+    if (!is_small_file(file, kMostBytes) || !source.open(QIODevice::ReadOnly)) return {};
+    QByteArray bytes = source.readAll();
+    Bytes buffer(&bytes);
+    QImageReader reader(&buffer, "bmp");
+    reader.setAutoDetectImageFormat(false);
+    if (!reader.canRead()) return {};
+    buffer.forgive();
+    QImage image = reader.read();
+    if (buffer.ran_out()) return {};  // it would be shown with whatever the rest of its memory held
+    QList<QRgb> colours = image.colorTable();
+    if (colours.isEmpty()) return image;
+    const auto header = qFromLittleEndian<qint32>(bytes.constData() + kFileHeader);
+    const QByteArray palette = bytes.mid(kFileHeader + header, 4 * colours.size());
+    const auto opacity = [&palette](qsizetype entry) { return static_cast<uchar>(palette[4 * entry + 3]); };
+    bool any = false;
+    for (qsizetype i = 0; i < palette.size() / 4; ++i) any = any || opacity(i) != 0;
+    for (qsizetype i = 0; any && i < palette.size() / 4; ++i) {
+        colours[i] = qRgba(qRed(colours[i]), qGreen(colours[i]), qBlue(colours[i]), opacity(i));
+    }
+    image.setColorTable(colours);
+    return image.convertToFormat(QImage::Format_ARGB32_Premultiplied);  // scaled with its palette it would be grainy
 }
 
 QPixmap Pictures::render(const Picture& picture, Stretch stretch, QSize bounds, const Scale& scale) const {
@@ -127,7 +137,7 @@ QImage Pictures::artwork(const std::string& name, QSize bounds) const {
     for (const char* height : kDrawnFor) {
         const auto found = files_.find(files_.program_folder() + "\\Artwork\\" + height + "\\" + name + ".png");
         if (!found) continue;
-        QImageReader reader(to_qt(*found), kArtworkFormat);
+        QImageReader reader(to_qt(*found), "png");
         reader.setAutoDetectImageFormat(false);
         const QSize drawn = reader.size();
         if (height != kDrawnFor.back() && !fits(drawn, bounds) && !stays_sharp(drawn, bounds)) continue;
@@ -139,7 +149,11 @@ QImage Pictures::artwork(const std::string& name, QSize bounds) const {
 
 QImage Pictures::file(const std::string& path) const {
     const auto found = files_.find(path);
-    return found ? read_picture(*found) : QImage();
+    if (!found || !is_small_file(*found, kMostBytes)) return {};
+    QImage image = read_bitmap(*found);
+    if (!image.isNull()) return image;
+    QImageReader reader(to_qt(*found));  // whatever a teacher has put there, but no half of a bitmap
+    return reader.format() == "bmp" ? QImage() : reader.read();
 }
 
 QPixmap Pictures::letters(const QString& base_name, QSize bounds) const {

@@ -20,7 +20,7 @@ QIcon program_icon(const Files& files) {
     QIcon icon;
     for (const int size : kIconSizes) {
         const auto file = files.find(files.program_folder() + "\\Artwork\\Icon\\" + std::to_string(size) + ".png");
-        if (file) icon.addPixmap(QPixmap::fromImage(read_as("png", *file)));
+        if (file) icon.addPixmap(QPixmap::fromImage(read_png(*file)));
     }
     return icon;
 }
