@@ -86,7 +86,13 @@ TEST(Recordings, HoldAllThatHappens) {
         display.tell(WheelTurn{{300, 400}});
         lesson.begins(26);
         for (const bool down : {true, false}) {
-            const KeyDown key{Key::D, true, true, true, true, U'1', 10};
+            const KeyDown key{.key = Key::D,
+                              .alt = true,
+                              .control = true,
+                              .command = true,
+                              .repeats = true,
+                              .character = U'1',
+                              .code = 10};
             down ? display.tell(key) : display.tell(KeyUp{key.key, key.alt, key.repeats, key.code});
         }
         display.press({300, 400}), display.press({300, 400}, {}, MouseButton::Right), display.move({1, 2});

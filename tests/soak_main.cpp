@@ -56,9 +56,10 @@ int soak(int games, const std::filesystem::path& recording) {
     const std::size_t results = lesson.room.results().size();
     if (results != static_cast<std::size_t>(games) || !first) return EXIT_FAILURE;
     const double growth = (last.without_cache() / first->without_cache() - 1) * 100;
-    std::printf("%zu games; memory in use after %d: %zu KiB, at the end: %zu KiB; of that the store's cache: %zu KiB, "
-                "%zu KiB; the rest has grown by %.2f %%\n",
-                results, kFirst, first->in_use, last.in_use, first->cache, last.cache, growth);
+    std::printf(
+        "%zu games; memory in use after %d: %zu KiB, at the end: %zu KiB; of that the store's cache: %zu KiB, "
+        "%zu KiB; the rest has grown by %.2f %%\n",
+        results, kFirst, first->in_use, last.in_use, first->cache, last.cache, growth);
     return growth <= 1 ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
