@@ -10,6 +10,7 @@
 #include "app/options.h"
 #include "platform/audio/late_sound.h"
 #include "platform/qt/failure_window.h"
+#include "platform/qt/only_run.h"
 #include "platform/qt/qt_clock.h"
 #include "platform/qt/qt_display.h"
 #include "platform/qt/toolkit.h"
@@ -43,8 +44,25 @@ int tell_start_failure(const Files& files, const std::filesystem::path& folder, 
     return EXIT_FAILURE;
 }
 
+/// Whether the games may begin here. If not, they are being played already, and this start has shown or told so.
+bool is_first(OnlyRun& run, const Files& files) {
+    const auto place = run.find_place();
+    if (place == OnlyRun::Place::SecondBehind) {
+        show_start_failure(files,
+                           "Marrowfen is open already, but this desktop did not let it come to the front. Look for its "
+                           "window among the others.");
+    }
+    return place == OnlyRun::Place::First;
+}
+
+void let_second_starts_show(OnlyRun& run, QtDisplay& display) {
+    run.on_second_start = [&display](OnlyRun::Answer answer) { display.window().come_to_front(std::move(answer)); };
+}
+
 int play(const std::filesystem::path& folder) {
     DiskFiles files(folder);
+    OnlyRun run(folder);
+    if (!is_first(run, files)) return EXIT_SUCCESS;
     SqliteStoreEngine store(files);
     LateSound sound(files);
     QtClock clock;
@@ -52,17 +70,20 @@ int play(const std::filesystem::path& folder) {
     QtDisplay display(files);
     Running games(display, {store, sound, clock, random, files});
     display.attach(games.desktop, games.desktop);
+    let_second_starts_show(run, display);
     if (const auto failure = games.program.start()) return tell_start_failure(files, folder, *failure);
     return display.run();
 }
 
 int play_and_record(const std::filesystem::path& folder, const std::filesystem::path& file) {
+    DiskFiles files(folder);
+    OnlyRun run(folder);
+    if (!is_first(run, files)) return EXIT_SUCCESS;
     RecordingTape tape(file);
     if (!tape.works()) {
         (void)std::fprintf(stderr, "marrowfen: %s can't be written\n", file.c_str());
         return EXIT_FAILURE;
     }
-    DiskFiles files(folder);
     SqliteStoreEngine store(files);
     LateSound sound(files);
     QtClock clock;
@@ -72,6 +93,7 @@ int play_and_record(const std::filesystem::path& folder, const std::filesystem::
     Running games(recorder.display(), recorder.ports());
     recorder.attach(games.program);
     display.attach(games.desktop, recorder);
+    let_second_starts_show(run, display);
     if (const auto failure = games.program.start()) return tell_start_failure(files, folder, *failure);
     recorder.started();
     return display.run();
