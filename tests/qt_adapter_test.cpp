@@ -3,9 +3,11 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QListView>
+#include <ranges>
 
 #include "platform/forms/timer.h"
 #include "platform/qt/house_style.h"
+#include "platform/qt/ink.h"
 #include "platform/qt/pictures.h"
 #include "platform/qt/qt_clock.h"
 #include "platform/qt/toolkit.h"
@@ -127,6 +129,80 @@ TEST_F(QtAdapterTest, TextIsDrawnSmallerUntilItFits) {
                                          TextBox::Style{.font = comic(18), .back = kYellow, .framed = false}, 100U,
                                          "A name that is far too long for its place");
     EXPECT_TRUE(QRect(100, 100, 100, 30).contains(ink(form, {0, 0, 400, 300})));
+}
+
+/// Of the strokes that a line of the screen runs through, the share that stands out enough from `behind`.
+double readable_strokes(const QImage& screen, QRect part, QColor behind) {
+    int strokes = 0;
+    int readable = 0;
+    for (int y = part.top(); y <= part.bottom(); ++y) {
+        double most = 0;  // of the stroke that has begun
+        int width = 0;
+        for (int x = part.left(); x <= part.right(); ++x) {
+            const double here = contrast(screen.pixelColor(x, y), behind);
+            if (here < 1.2 && width >= 3) ++strokes, readable += most >= Ink::kReadable ? 1 : 0;
+            width = here < 1.2 ? 0 : width + 1;
+            most = here < 1.2 ? 0 : std::max(most, here);
+        }
+    }
+    return strokes == 0 ? 0 : static_cast<double>(readable) / strokes;
+}
+
+TEST_F(QtAdapterTest, TextInFaintColoursIsReadableByItsOutlineAndKeepsItsColour) {
+    struct Texts : Toy {
+        Texts(Desktop& the_desktop, Colour fore, Colour back)
+            : Toy(the_desktop),
+              label(*this, {750, 750, 4500, 450}, "rhyme with it", comic(20.25), fore, Align::Left, back),
+              small(*this, {750, 1500, 4500, 450}, "a longer sentence.", comic(14.25), fore, Align::Left, back),
+              box(*this, {750, 2250, 4500, 450}, TextBox::Mode::ReadOnly, {comic(15.75), fore, back, false}, 99,
+                  "0:35"),
+              list(*this, {750, 3000, 4500, 900}, {comic(14.25), fore, back}),
+              combo(*this, {750, 4200, 4500, 525}, {comic(15.75), fore, back}),
+              field(*this, {750, 5100, 4500, 525}, TextBox::Mode::Editable, {comic(15.75), fore, back}, 99, "Zoe") {
+            list.add("1. Drag letters"), combo.Text = "Ann";
+        }
+        Label label, small;
+        TextBox box;
+        ListBox list;
+        ComboBox combo;
+        TextBox field;
+    };
+    for (const auto& [fore, back] : {std::pair{kRed, kYellow}, {rgb(64, 200, 255), kYellow}, {kRed, kWhite}}) {
+        auto& form = shows<Texts>(fore, back);
+        screen_is(1024, 768);
+        desktop_.set_focus(form.list), settle();
+        const QImage screen = window().grab().toImage();
+        for (const Control* control : form.controls()) {
+            const Rect place = control->bounds();
+            const QRect inside(at(form, place.left / 15 + 4, place.top / 15 + 5), QSize(250, place.height / 15 - 10));
+            EXPECT_GT(readable_strokes(screen, inside, to_qt(back)), 0.7) << place.top;
+            int in_its_colour = 0;
+            for (int y = inside.top(); y <= inside.bottom(); ++y) {
+                for (int x = inside.left(); x <= inside.right(); ++x) {
+                    in_its_colour += screen.pixelColor(x, y) == to_qt(fore) ? 1 : 0;
+                }
+            }
+            EXPECT_GT(in_its_colour, 15) << place.top;
+        }
+        desktop_.unload(form);
+    }
+}
+
+TEST_F(QtAdapterTest, TheRingStandsOutFromWhateverLiesOnEitherSide) {
+    for (const Colour inside : {kYellow, kBlack, kWhite, kBlue, kRed}) {
+        auto& form = shows<Holding<PictureBox>>(Size{1500, 1500}, inside);
+        screen_is(1024, 768);
+        form.control.on_click = [] {};
+        type(Qt::Key_Tab), settle();
+        const QImage screen = window().grab().toImage();
+        std::vector<QColor> across;
+        for (int x = 88; x < 104; ++x) across.push_back(screen.pixelColor(at(form, x, 150)));
+        const auto edges = std::ranges::count_if(std::views::iota(1U, across.size()), [&](std::size_t i) {
+            return contrast(across[i - 1], across[i]) >= 3;
+        });
+        EXPECT_GE(edges, 2) << "light, dark, light";
+        desktop_.unload(form);
+    }
 }
 
 TEST_F(QtAdapterTest, WhatHandsDoIsToldInPlainWords) {

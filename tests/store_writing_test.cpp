@@ -81,38 +81,18 @@ TEST_F(StoreTest, RefusesARowThatIsNotRightAndKeepsNothingOfIt) {
     EXPECT_EQ(std::get<std::string>(add_pupil("Zed")), "all 32767 pupil numbers have been used");
 }
 
-/// Where the library waits for another computer no time passes: who looks on is told how much would have.
-class Waiting {
-public:
-    explicit Waiting(std::function<void(std::chrono::microseconds)> look_on) {
-        look_on_ = std::move(look_on);
-        system_ = *sqlite3_vfs_find(nullptr);
-        system_.zName = "waiting";
-        system_.xSleep = [](sqlite3_vfs*, int microseconds) {
-            look_on_(std::chrono::microseconds(microseconds));
-            return microseconds;
-        };
-        sqlite3_vfs_register(&system_, 1);
-    }
-    ~Waiting() { sqlite3_vfs_unregister(&system_); }
-    Waiting(const Waiting&) = delete;
-    Waiting& operator=(const Waiting&) = delete;
-
-private:
-    sqlite3_vfs system_{};
-    static inline std::function<void(std::chrono::microseconds)> look_on_;
-};
-
 TEST_F(StoreTest, WaitsForAnotherComputerThatIsSoonDone) {
-    std::chrono::microseconds waited{};
-    const Waiting waiting([&](std::chrono::microseconds more) {
-        waited += more;
-        if (waited >= 100ms) other_.run("COMMIT");
-    });
-    const auto store = SqliteStoreEngine(files_).open(name_).value();
+    SqliteStoreEngine engine(files_);
+    const auto store = engine.open(name_).value();
+    bool waited = false;
+    engine.patience().on_wait = [&] {
+        waited = true;
+        other_.run("COMMIT");
+    };
+    engine.patience().begin_turn();
     ASSERT_EQ(other_.run("BEGIN EXCLUSIVE"), "");
     EXPECT_EQ(std::get<std::int64_t>(add_pupil(*store, "Ann")), 1);
-    EXPECT_GE(waited, 100ms);
+    EXPECT_TRUE(waited);
 }
 
 TEST_F(StoreTest, SaysThatAnotherComputerIsWritingAndWorksAgainAfterwards) {

@@ -10,6 +10,7 @@
 #include "app/options.h"
 #include "platform/audio/late_sound.h"
 #include "platform/qt/failure_window.h"
+#include "platform/qt/only_run.h"
 #include "platform/qt/qt_clock.h"
 #include "platform/qt/qt_display.h"
 #include "platform/qt/toolkit.h"
@@ -95,8 +96,28 @@ private:
     bool shown_ = false;
 };
 
+/// Whether the games may begin here. If not, they are being played already, and this start has shown or told so.
+bool is_first(OnlyRun& run, const Files& files) {
+    const std::string sentence =
+        "Marrowfen is open already, but this desktop did not let it come to the front. Look for its window among the "
+        "others.";
+    auto place = run.find_place();
+    const auto look_again = [&]() -> std::optional<std::string> {
+        place = run.find_place();
+        return place == OnlyRun::Place::SecondBehind ? std::optional(sentence) : std::nullopt;
+    };
+    if (place == OnlyRun::Place::SecondBehind && !show_start_failure(files, sentence, look_again)) return false;
+    return place == OnlyRun::Place::First;
+}
+
+void let_second_starts_show(OnlyRun& run, QtDisplay& display) {
+    run.on_second_start = [&display](OnlyRun::Answer answer) { display.window().come_to_front(std::move(answer)); };
+}
+
 int play(const std::filesystem::path& folder) {
     DiskFiles files(folder);
+    OnlyRun run(folder);
+    if (!is_first(run, files)) return EXIT_SUCCESS;
     QtClock clock;
     SqliteStoreEngine store(files);
     LateSound sound(files);
@@ -105,6 +126,7 @@ int play(const std::filesystem::path& folder) {
     Running games(display, {store, sound, clock, random, files});
     Housekeeping round(store, files, clock, games.desktop, games.program);
     display.attach(games.desktop, round);
+    let_second_starts_show(run, display);
     while (games.program.start()) {
         if (!wait_for_store(files, clock)) return EXIT_FAILURE;
     }
@@ -112,12 +134,14 @@ int play(const std::filesystem::path& folder) {
 }
 
 int play_and_record(const std::filesystem::path& folder, const std::filesystem::path& file) {
+    DiskFiles files(folder);
+    OnlyRun run(folder);
+    if (!is_first(run, files)) return EXIT_SUCCESS;
     RecordingTape tape(file);
     if (!tape.works()) {
         (void)std::fprintf(stderr, "marrowfen: %s can't be written\n", file.c_str());
         return EXIT_FAILURE;
     }
-    DiskFiles files(folder);
     QtClock clock;
     if (!wait_for_store(files, clock)) return EXIT_FAILURE;
     SqliteStoreEngine store(files);
@@ -129,6 +153,7 @@ int play_and_record(const std::filesystem::path& folder, const std::filesystem::
     recorder.attach(games.program);
     Housekeeping round(store, files, clock, recorder, games.program);
     display.attach(games.desktop, round);
+    let_second_starts_show(run, display);
     if (const auto failure = games.program.start()) {
         (void)std::fprintf(stderr, "marrowfen: the pupils and games can't be read: %s\n", failure->reason.c_str());
         return EXIT_FAILURE;

@@ -102,12 +102,14 @@ class TextBox final : public Control {
 public:
     [[nodiscard]] AnyControl any() override { return this; }
     enum class Mode : std::uint8_t { Editable, ReadOnly };
+    enum class Stand : std::uint8_t { Middle, Top };  ///< of the line in the box; a label's stands at the top
     static constexpr std::size_t kNoLimit = 32767;
     struct Style {
         marrowfen::Font font;
         Colour fore = kRed;
         Colour back = kWhite;
         bool framed = true;
+        Stand stand = Stand::Middle;
     };
     TextBox(Form& form, const Rect& bounds, Mode mode, const Style& style, std::size_t max_length = kNoLimit,
             std::string text = {});

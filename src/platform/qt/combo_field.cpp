@@ -8,6 +8,7 @@
 #include <algorithm>
 
 #include "platform/qt/events.h"
+#include "platform/qt/fitted_text.h"
 #include "platform/qt/house_style.h"
 
 namespace marrowfen {
@@ -91,9 +92,8 @@ void ComboField::paintEvent(QPaintEvent*) {
 
     const int margin = 6 * line_;
     const QRect text = rect().adjusted(margin, 0, -static_cast<int>(button.width()) - margin, 0);
-    painter.setPen(palette().color(QPalette::Text));
-    painter.drawText(text, static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter) | Qt::TextSingleLine,
-                     fontMetrics().elidedText(shown_, Qt::ElideRight, text.width()));
+    draw_line(painter, text, Qt::AlignLeft | Qt::AlignVCenter, shown_, font(), font().pixelSize(),
+              Ink(palette().color(QPalette::Text), palette().color(QPalette::Base)));
 }
 
 void ComboField::keyPressEvent(QKeyEvent* event) {

@@ -3,8 +3,10 @@
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 #include <algorithm>
+#include <utility>
 
 #include "platform/qt/events.h"
+#include "platform/qt/fitted_text.h"
 #include "platform/qt/house_style.h"
 
 namespace marrowfen {
@@ -17,6 +19,22 @@ void RoomyRows::initStyleOption(QStyleOptionViewItem* option, const QModelIndex&
     QStyledItemDelegate::initStyleOption(option, index);
     option->state.setFlag(QStyle::State_HasFocus, false);  // a frame round a row that is not selected only puzzles
     option->state.setFlag(QStyle::State_MouseOver, false);
+}
+
+void RoomyRows::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
+    QStyleOptionViewItem row = option;
+    initStyleOption(&row, index);
+    const QStyle& style = *row.widget->style();
+    const int margin = style.pixelMetric(QStyle::PM_FocusFrameHMargin, &row, row.widget) + 1;
+    const QRect place =
+        style.subElementRect(QStyle::SE_ItemViewItemText, &row, row.widget).adjusted(margin, 0, -margin, 0);
+    const QString text = std::exchange(row.text, {});
+    style.drawControl(QStyle::CE_ItemViewItem, &row, painter, row.widget);
+    const bool selected = row.state.testFlag(QStyle::State_Selected);
+    const auto colour = [&](QPalette::ColorRole role) { return row.palette.color(role); };
+    const Ink ink = selected ? Ink(colour(QPalette::HighlightedText), colour(QPalette::Highlight))
+                             : Ink(colour(QPalette::Text), colour(QPalette::Base));
+    draw_line(*painter, place, Qt::AlignLeft | Qt::AlignVCenter, text, row.font, row.font.pixelSize(), ink);
 }
 
 void Rows::show(const std::vector<std::string>& entries) {

@@ -18,6 +18,7 @@ public:
     using QStyledItemDelegate::QStyledItemDelegate;
     [[nodiscard]] static int height(const QFontMetrics& metrics) { return metrics.height() * 5 / 4; }
     [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 
 protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;

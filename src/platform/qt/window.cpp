@@ -4,9 +4,12 @@
 #include <QGuiApplication>
 #include <QIcon>
 #include <QScreen>
+#include <QTimer>
 #include <QWindow>
 #include <array>
+#include <chrono>
 #include <string>
+#include <utility>
 
 #include "platform/qt/pictures.h"
 
@@ -44,6 +47,13 @@ void Window::fill_screen() {
     });
     showFullScreen();
     setWindowIcon(program_icon(files_));  // while the window system opens the window
+}
+
+void Window::come_to_front(std::function<void(bool is_in_front)> answer) {
+    constexpr std::chrono::milliseconds kPatience{1500};
+    raise();
+    activateWindow();
+    QTimer::singleShot(kPatience, this, [this, answer = std::move(answer)] { answer(isActiveWindow()); });
 }
 
 // A window manager keeps a full-screen window in the size of its screen; where there is none we do. A Wayland client
