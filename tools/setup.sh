@@ -80,3 +80,13 @@ run_tests() {
     [ "$free" -lt 500000 ] || local -x TMPDIR=/dev/shm
     ctest -j"$(($(nproc) + 2))" "$@"  # some tests wait for a screen or a loudspeaker most of their time
 }
+
+# try_store WHAT TIMES: a trial of the store, told in full.
+try_store() {
+    local log=build/trials.log
+    install_missing "${build_packages[@]}" "${test_packages[@]}"
+    mkdir -p build
+    { cmake --preset dev && cmake --build --preset dev --target store_trials; } >"$log" 2>&1 || { tail -n 40 "$log" >&2; exit 1; }
+    # In memory: what lasts is tried by taking it away, not by waiting for a disk.
+    TMPDIR=$([ -w /dev/shm ] && echo /dev/shm || echo /tmp) build/dev/tests/store_trials --gtest_brief=1 --gtest_filter="$1" --runs "$2"
+}

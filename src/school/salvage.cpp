@@ -196,7 +196,8 @@ bool search(const fs::path& file, Finds& names, Finds& games) {
         Connection connection(file, Connection::Mode::Existing, kPatience);
         // Where the description of one table is damaged, the others can still be read.
         const bool opened = !connection.open_failure() && !connection.run("PRAGMA writable_schema = ON");
-        if (opened && walk_all(connection, names) && walk_all(connection, games)) return true;
+        const bool walked = opened && walk_all(connection, names) && walk_all(connection, games);
+        if (walked && !check_integrity(connection)) return true;
     }
     carve(file, [&](CarvedRow row) { sort_in(std::move(row), names, games); });
     return false;

@@ -19,8 +19,8 @@ protected:
                        "INSERT INTO Pupils (PupilName, PupilName_folded) SELECT 'Pupil ' || i, 'pupil ' || i FROM n"),
             "");
         EXPECT_EQ(other_.run("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 1500) "
-                             "INSERT INTO Hall_of_Fame SELECT i % 60 + 1, i % 4 || ':' || printf('%02d', i % 60), "
-                             "date('2025-01-01', '+' || i / 5 || ' days'), 60 * (1 + i % 4), i % 100, i % 26 + 1, "
+                             "INSERT INTO Hall_of_Fame SELECT i % 60 + 1, (i % 4) || ':' || printf('%02d', i % 60), "
+                             "date('2025-01-01', '+' || (i / 5) || ' days'), 60 * (1 + i % 4), i % 100, i % 26 + 1, "
                              "time(i * 37, 'unixepoch') FROM n"),
                   "");
         EXPECT_EQ(
