@@ -3,6 +3,7 @@
 build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev libqt6svg6 qt6-wayland libsqlite3-dev
     libutf8proc-dev libsdl2-dev libsndfile1-dev espeak-ng csound sox fonts-comic-neue fonts-sil-andika)
 test_packages=(libgtest-dev xvfb xauth xdotool sqlite3 clang-format)
+package_packages=(git dpkg-dev debhelper fakeroot lintian desktop-file-utils appstream librsvg2-bin help2man file)
 
 # install_missing PACKAGE...: says in one line what it installs. Needs Debian or a system that is built on it.
 install_missing() {
@@ -20,7 +21,7 @@ install_missing() {
     local log
     log=$(mktemp)
     if ! { "${as_root[@]}" apt-get update &&
-           "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends \
+           "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -o DPkg::Lock::Timeout=300 install -y --no-install-recommends \
                "${missing[@]}"; } >"$log" 2>&1; then
         tail -n 20 "$log" >&2
         echo "The installation failed; its whole log is $log." >&2
