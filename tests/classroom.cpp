@@ -1,8 +1,9 @@
 #include "classroom.h"
 
+#include <unistd.h>
+
 #include <algorithm>
 
-#include "board/frmSimpleKeyBoard.h"
 #include "pupils/frmErrmsg.h"
 #include "pupils/frmGames.h"
 #include "pupils/frmSelectGame.h"
@@ -25,39 +26,11 @@ const std::filesystem::path& built_store() {
     return path;
 }
 
-// A letter may take several bytes.
-std::vector<std::string> letters_of(std::string_view text) {
-    std::vector<std::string> letters;
-    for (const char c : text) {
-        if ((static_cast<unsigned char>(c) & 0xC0U) != 0x80U) letters.emplace_back();
-        letters.back() += c;
-    }
-    return letters;
-}
-
-char32_t code_of(std::string_view letter) {
-    char32_t code = static_cast<unsigned char>(letter.front());
-    if (letter.size() > 1) code &= 0x7FU >> letter.size();
-    for (const char c : letter.substr(1)) code = code << 6U | (static_cast<unsigned char>(c) & 0x3FU);
-    return code;
-}
-
 }  // namespace
 
 Point centre_on_screen(const Control& control) {
     const Point centre = control.bounds().centre();
     return {control.form().Left + centre.x, control.form().Top + centre.y};
-}
-
-TemporaryFolder::TemporaryFolder() {
-    std::string name = (std::filesystem::temp_directory_path() / "marrowfen-XXXXXX").string();
-    if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder");
-    path_ = name;
-}
-
-TemporaryFolder::~TemporaryFolder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
 }
 
 std::ostream& operator<<(std::ostream& out, const Kept& result) {
@@ -185,8 +158,9 @@ void Pupil::drags(Control& tile, Control& target) {
 }
 
 void Pupil::types(std::string_view text) {
-    for (const std::string& letter : letters_of(text))
-        room_.display.strike({.character = code_of(letter)}, room_.desktop);
+    for (const char32_t letter : std::filesystem::path(text).u32string()) {  // which takes UTF-8 apart
+        room_.display.strike({.character = letter}, room_.desktop);
+    }
 }
 
 void Pupil::presses_enter() { room_.display.strike({.key = Key::Enter, .character = U'\r'}, room_.desktop); }
@@ -242,39 +216,5 @@ void Pupil::joins(const Team& team) {
 }
 
 void Pupil::starts_the_clock() { presses(&frmTimer::Timer_Start_De); }
-
-void Pupil::comes_in() {
-    room_.start();
-    sits_down("Ann");
-}
-
-void Pupil::opens(int template_id, const Team& team) {
-    comes_in();
-    picks_game(template_id);
-    joins(team);
-}
-
-void Pupil::begins(int template_id, const Team& team) {
-    opens(template_id, team);
-    starts_the_clock();
-    (void)room_.heard_and_forgotten();
-}
-
-void Pupil::drags_letter(std::string_view letter) {
-    auto& board = room_.form<frmSimpleKeyBoard>();
-    for (PictureBox& tile : board.DragKey) {
-        if (tile.Visible && tile.Tag == letter) return drags(tile, *board.find_key(letter));
-    }
-    ADD_FAILURE() << "no tile shows " << letter;
-}
-
-void Pupil::fills_keys(int keys) {
-    for (int i = 0; i < keys; ++i) {
-        auto& board = room_.form<frmSimpleKeyBoard>();
-        const auto tile = std::ranges::find_if(board.DragKey, [](const PictureBox& t) { return t.Visible.get(); });
-        ASSERT_NE(tile, board.DragKey.end()) << "no tile is left for key " << i + 1;
-        drags(*tile, *board.find_key(tile->Tag.get()));
-    }
-}
 
 }  // namespace marrowfen

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
@@ -16,21 +15,9 @@
 #include "replay/recorder.h"
 #include "rules/game_referee.h"
 #include "stubborn_store.h"
+#include "temporary_folder.h"
 
 namespace marrowfen {
-
-/// A folder of its own that goes with the test.
-class TemporaryFolder {
-public:
-    TemporaryFolder();
-    TemporaryFolder(const TemporaryFolder&) = delete;
-    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-    ~TemporaryFolder();
-    [[nodiscard]] const std::filesystem::path& path() const { return path_; }
-
-private:
-    std::filesystem::path path_;
-};
 
 struct Kept {
     std::string pupil, time;
@@ -119,29 +106,17 @@ public:
     void double_clicks_below(ListBox& list);  ///< under its last row
     void thinks();                            ///< before each press: two are no double click
 
-    // Ways through the program that many tests take.
-    void sits_down(std::string_view name);                      ///< from the first screen to the game list
-    void picks_game(int template_id);                           ///< from the game list
-    void joins(const Team& team);                               ///< on the team form
-    void starts_the_clock();                                    ///< on the stopwatch
-    void comes_in();                                            ///< to the game list as Ann, from the very beginning
-    void opens(int template_id, const Team& team = kRedTeam);   ///< comes in, and goes on to the board
-    void begins(int template_id, const Team& team = kRedTeam);  ///< all of it: the clock runs
-    void drags_letter(std::string_view letter);                 ///< a tile that is on show, to its key
-    void fills_keys(int keys);                                  ///< so many, each with the first tile on show
-    [[nodiscard]] std::string entry_of(int template_id);        ///< in the list of games
+    void sits_down(std::string_view name);                ///< from the first screen to the game list
+    void picks_game(int template_id);                     ///< from the game list
+    void joins(const Team& team);                         ///< on the team form
+    void starts_the_clock();                              ///< on the stopwatch
+    [[nodiscard]] std::string entry_of(int template_id);  ///< in the list of games
 
 private:
     [[nodiscard]] bool can_reach(Control& control, Point on_screen) const;
     void clicks(ListBox& list, std::string_view beginning, int times);
     void clicks_row(ListBox& list, std::size_t row, int times);
     Classroom& room_;
-};
-
-/// A classroom with Ann in it, before the program is started.
-struct Seat {
-    Classroom room;
-    Pupil ann{room};
 };
 
 }  // namespace marrowfen

@@ -1,16 +1,11 @@
 #pragma once
 
-#include <sqlite3.h>
-
 #include <array>
-#include <memory>
 
+#include "answers.h"
 #include "board/frmSimpleKeyBoard.h"
-#include "classroom.h"
-#include "content/frmPictureCard.h"
-#include "content/frmSentence.h"
-#include "content/frmWord.h"
-#include "content/frmWordsUsed.h"
+#include "other_program.h"
+#include "pupils/frmErrmsg.h"
 #include "pupils/frmGames.h"
 #include "results/frmHalloffame.h"
 #include "results/frmScore.h"
@@ -20,18 +15,8 @@ namespace marrowfen {
 
 /// How a pupil answers. With the mouse: a click on a key, or in a tile game a tile that is dragged to it.
 enum class Way : std::uint8_t { SmallLetters, Capitals, Mouse, Mixed };
-inline constexpr std::array kWays{Way::SmallLetters, Way::Capitals, Way::Mouse, Way::Mixed};
 
 enum class Phonics : std::uint8_t { On, Off };
-
-/// Changes the content as no teacher should.
-inline void spoil_store(const Classroom& room, const std::string& sql) {
-    sqlite3* opened = nullptr;
-    const int result = sqlite3_open((room.folder.path() / "data.mdb").c_str(), &opened);
-    const std::unique_ptr<sqlite3, decltype(&sqlite3_close)> file(opened, &sqlite3_close);
-    ASSERT_EQ(result, SQLITE_OK);
-    ASSERT_EQ(sqlite3_exec(opened, sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK) << sqlite3_errmsg(opened);
-}
 
 /// Ann sits before the list of games, and knows every answer.
 class Lesson {
@@ -39,7 +24,8 @@ public:
     Classroom room;
     Pupil ann{room};
 
-    explicit Lesson(const std::filesystem::path& recording = {}) : room({"Ann"}, recording) {
+    explicit Lesson(const std::vector<std::string>& pupils = {"Ann"}, const std::filesystem::path& recording = {})
+        : room(pupils, recording) {
         room.start();
         ann.sits_down("Ann");
     }
@@ -47,20 +33,26 @@ public:
     Lesson& operator=(const Lesson&) = delete;
     ~Lesson() = default;
 
-    void spoil_store(const std::string& sql) { marrowfen::spoil_store(room, sql); }
+    /// Changes the content as no teacher should.
+    void spoil_store(const std::string& sql) { ASSERT_EQ(OtherProgram(room.folder.path() / "data.mdb").run(sql), ""); }
 
     void switches(Phonics phonics) {
         if (room.state().PhonicsOn == (phonics == Phonics::On)) return;
         ann.presses(phonics == Phonics::On ? &frmGames::Phon_OFF : &frmGames::Phon_On);
     }
-    void opens(int game) {
+    void opens(int game, const Team& team = kRedTeam) {
         ann.picks_game(game);
-        ann.joins(kRedTeam);
+        ann.joins(team);
     }
-    void begins(int game) {
-        opens(game);
+    void begins(int game, const Team& team = kRedTeam) {
+        opens(game, team);
         ann.starts_the_clock();
         (void)room.heard_and_forgotten();
+    }
+    void begins_with_tiles(int game, int tiles) {  // as a teacher may have it
+        spoil_store("UPDATE Templates SET Panels=" + std::to_string(tiles - 1) +
+                    " WHERE Template_ID=" + std::to_string(game));
+        begins(game);
     }
     void goes_back_to_the_list() {
         if (plays()) ann.presses(&frmSimpleKeyBoard::close_De);
@@ -71,49 +63,41 @@ public:
     [[nodiscard]] bool plays() const { return room.is_open(FormId::frmSimpleKeyBoard); }
 
     /// What she gives next, as a capital or a digit.
-    [[nodiscard]] std::string right_letter() {
-        if (room.is_open(FormId::frmWord)) return rhyming_letter();
-        if (!room.is_open(FormId::frmPictureCard) && !room.is_open(FormId::frmSentence)) return lowest_tile().Tag;
-        const bool spells = room.is_open(FormId::frmWordsUsed);
-        return in_capitals(asked_word().substr(spells ? found().size() : 0, 1));
-    }
+    [[nodiscard]] std::string right_letter() { return answers_.right_letter(); }
     [[nodiscard]] std::string wrong_letter() { return right_letter() == "1" ? "2" : "1"; }
     /// The word to spell: that of the picture, or that of the class in the sentence.
-    [[nodiscard]] std::string asked_word() {
-        if (room.is_open(FormId::frmPictureCard)) {
-            const std::string& file = room.form<frmPictureCard>().pic.Picture->name();
-            const auto name = file.rfind('\\') + 1;
-            return file.substr(name, file.rfind('.') - name);
-        }
-        auto& card = room.form<frmSentence>();
-        return room.look_up(room.state().ContentTable, card.wordtype.Text.get(),
-                            where_text("Sen", card.Sentence.Text.get()));
+    [[nodiscard]] std::string asked_word() { return answers_.asked_word(); }
+    [[nodiscard]] std::string found() { return answers_.found(); }
+    [[nodiscard]] frmSimpleKeyBoard& board() { return room.form<frmSimpleKeyBoard>(); }
+    [[nodiscard]] PictureBox& key(std::string_view letter) { return *board().find_key(letter); }
+    [[nodiscard]] PictureBox& tile(int index) { return board().DragKey[index]; }
+    [[nodiscard]] std::string letters() {  // on the tiles that are on show
+        std::string letters;
+        for (const PictureBox& tile : board().DragKey) letters += tile.Visible ? tile.Tag.get() : "";
+        return letters;
     }
-    [[nodiscard]] std::string found() { return room.form<frmWordsUsed>().Wordsfound.Caption; }
-    [[nodiscard]] PictureBox& key(std::string_view letter) { return *room.form<frmSimpleKeyBoard>().find_key(letter); }
     /// What a key or a card shows: the picture's path from its folder on.
     [[nodiscard]] std::string shown_by(const Picture& picture) const {
         const std::string folder = room.folder_in_logic() + "\\KeyPictures\\Simple\\";
         return picture.name().starts_with(folder) ? picture.name().substr(folder.size()) : picture.name();
     }
 
-    struct Given {
-        std::string letter;  ///< as it was typed, or the capital of the key
-        bool typed;
-    };
-    /// Gives a letter. Mixed ways take turns.
-    Given gives(std::string_view letter, Way way) {
+    void drags_home(PictureBox& tile) { ann.drags(tile, key(tile.Tag.get())); }
+    /// Gives a letter; false: by the mouse. Mixed ways take turns.
+    bool gives(std::string_view letter, Way way) {
         constexpr std::array kInTurn{Way::SmallLetters, Way::Mouse, Way::Capitals};
         if (way == Way::Mixed) way = kInTurn.at(turns_++ % kInTurn.size());
-        const Given given{way == Way::SmallLetters ? in_small(letter) : in_capitals(letter), way != Way::Mouse};
-        if (given.typed) {
-            ann.types(given.letter);
-        } else if (PictureBox& tile = lowest_tile(); tile.Visible) {
-            ann.drags(tile, key(given.letter));
-        } else {
-            ann.press(key(given.letter));
+        if (way != Way::Mouse) {
+            ann.types(way == Way::SmallLetters ? in_small(letter) : in_capitals(letter));
+            return true;
         }
-        return given;
+        auto& tiles = board().DragKey;
+        const auto tile = std::ranges::find_if(tiles, [](const PictureBox& t) { return t.Visible.get(); });
+        tile == tiles.end() ? ann.press(key(letter)) : ann.drags(*tile, key(letter));
+        return false;
+    }
+    void gives_right_ones(int count, Way way) {
+        for (int i = 0; i < count && plays(); ++i) gives(right_letter(), way);
     }
 
 private:
@@ -122,24 +106,7 @@ private:
         for (char& c : small) c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
         return small;
     }
-    /// The first tile when none is on show.
-    [[nodiscard]] PictureBox& lowest_tile() {
-        auto& tiles = room.form<frmSimpleKeyBoard>().DragKey;
-        const auto on_show = std::ranges::find_if(tiles, [](const PictureBox& tile) { return tile.Visible.get(); });
-        return on_show == tiles.end() ? tiles[0] : *on_show;
-    }
-    [[nodiscard]] std::string rhyming_letter() {
-        const auto& card = room.form<frmWord>();
-        for (char letter = 'A'; letter <= 'Z'; ++letter) {
-            const std::string word = letter + card.end.Caption.get();
-            const bool is_new = card.theword.Caption != word && found().find(word) == std::string::npos;
-            if (is_new && room.look_up(room.state().ContentTable, "ID", where_text("Word", word)) != "0") {
-                return {letter};
-            }
-        }
-        throw std::logic_error("no letter rhymes any more");
-    }
-
+    Answers answers_{room};
     std::size_t turns_ = 0;
 };
 

@@ -1,7 +1,5 @@
-#include "classroom.h"
+#include "lesson.h"
 #include "pupils/frmDeletePupils.h"
-#include "pupils/frmErrmsg.h"
-#include "pupils/frmGames.h"
 #include "pupils/frmNewPupil.h"
 #include "pupils/frmSelectGame.h"
 
@@ -93,18 +91,6 @@ TEST(NewPupil, IsRefusedWithoutANameOrWithOneThatIsTaken) {
     EXPECT_EQ(room.form<frmSelectGame>().cmbPupils.entries(), (Entries{"O'Neil", "Zoë"}));
 }
 
-TEST(NewPupil, MayTypeFiftyLettersAndNoMore) {
-    Classroom room(kNobody);
-    Pupil pupil(room);
-    room.start();
-    pupil.presses(&frmSelectGame::NewPlay_De);
-    for (int i = 0; i < 60; ++i) pupil.types("ł");
-    pupil.presses_enter();
-    EXPECT_TRUE(room.is_open(FormId::frmGames)) << "Enter goes on as the button does; " << room.message();
-    pupil.presses(&frmGames::BackDe);
-    EXPECT_EQ(room.form<frmSelectGame>().cmbPupils.Text->size(), 50 * std::string_view("ł").size());
-}
-
 TEST(PupilList, TellsWhoClicksANameThatIsGone) {
     Classroom room({"Ann", "Ben"});
     Pupil ben(room);
@@ -130,31 +116,6 @@ TEST(PupilList, TellsWhoClicksANameThatIsGone) {
     EXPECT_EQ(room.state().PupilID, 1);
 }
 
-TEST(Removal, TakesTheMarkedPupilAloneAndAtOnce) {
-    Classroom room({"Ann", "Bo - 7", "Cleo"});
-    Pupil teacher(room);
-    room.start();
-    teacher.sits_down("Bo - 7");
-    teacher.presses(&frmGames::BackDe);
-    room.display.tell(KeyDown{.key = Key::D, .character = U'd'});
-    EXPECT_TRUE(room.is_open(FormId::frmSelectGame)) << "D alone does nothing";
-    teacher.presses_alt_d();
-    auto& list = room.form<frmDeletePupils>().lbkids;
-    EXPECT_EQ(list.entries(), (Entries{"1 - Ann", "2 - Bo - 7", "3 - Cleo"}));
-    teacher.selects(list, "2 - ");
-    teacher.presses(&frmDeletePupils::DeleteDe);
-    EXPECT_EQ(list.entries(), (Entries{"1 - Ann", "3 - Cleo"}));
-    teacher.presses(&frmDeletePupils::DeleteDe);
-    EXPECT_EQ(room.message(), "Please highlight a name from the list before trying to delete.");
-    teacher.presses(&frmErrmsg::ContinueDe);
-    teacher.presses(&frmDeletePupils::CloseDe);
-    const auto& pupils = room.form<frmSelectGame>().cmbPupils;
-    EXPECT_EQ(pupils.entries(), (Entries{"Ann", "Cleo"}));
-    EXPECT_EQ(pupils.Text, "0") << "the pupil who played last is nobody now";
-    teacher.sits_down("Cleo");
-    EXPECT_EQ(room.state().PupilID, 3);
-}
-
 TEST(Removal, OfTheLastPupilLeavesAListThatStillWorksAndANumberThatIsNotUsedAgain) {
     Classroom room({"Ann"});
     Pupil teacher(room);
@@ -175,30 +136,22 @@ TEST(Removal, OfTheLastPupilLeavesAListThatStillWorksAndANumberThatIsNotUsedAgai
     EXPECT_EQ(room.state().PupilID, 2) << "old results must not show under the new pupil's name";
 }
 
-TEST(Message, StaysActiveAndOnTopWhileTheFormBelowLives) {
-    Classroom room;
-    Pupil ann(room);
-    ann.comes_in();
-    ann.presses(&frmGames::hall_De);
-    auto& message = room.form<frmErrmsg>();
-    const auto stays = [&] {
-        EXPECT_EQ(room.desktop.active(), &message);
-        EXPECT_EQ(message.focus(), &message.Text1);
-        EXPECT_EQ(room.desktop.visible_forms().back(), &message);
-    };
-    ann.press(room.form<frmGames>().Label1);
-    stays();
-    ann.presses(&frmGames::Snd_On);
-    stays();
-    EXPECT_FALSE(room.state().SoundOn);
-    ann.selects(room.form<frmGames>().List1, ann.entry_of(9));
-    stays();
-    ann.types("abc");
-    ann.presses_enter();
-    stays();
-    ann.presses(&frmErrmsg::ContinueDe);
-    EXPECT_EQ(room.desktop.active(), &room.form<frmGames>());
-    EXPECT_EQ(room.form<frmGames>().List1.selected_count(), 0U) << "a list under a message takes nothing";
+TEST(GameList, OpensTheGameOfAnEntryWhateverItsName) {
+    Lesson lesson;
+    Classroom& room = lesson.room;
+    lesson.spoil_store("UPDATE Templates SET GameName='No. ' || Template_ID || '. Ten'");
+    lesson.ann.presses(&frmGames::BackDe);
+    lesson.ann.sits_down("Ann");
+    const Entries entries = room.form<frmGames>().List1.entries();
+    ASSERT_EQ(entries.size(), 30U);
+    for (const std::string& entry : entries) {
+        lesson.ann.selects(room.form<frmGames>().List1, entry);
+        lesson.ann.presses_enter();
+        EXPECT_FALSE(room.is_open(FormId::frmGames)) << "Enter does what a double click does";
+        EXPECT_TRUE(entry.ends_with(". No. " + std::to_string(room.state().TemplateID) + ". Ten")) << entry;
+        room.program.forms.unload({FormId::frmSettings, FormId::frmTypingTest});
+        room.program.forms.show(FormId::frmGames);
+    }
 }
 
 }  // namespace

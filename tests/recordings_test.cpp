@@ -2,7 +2,7 @@
 #include <fstream>
 
 #include "classroom.h"
-#include "replay/player.h"
+#include "replaying.h"
 
 namespace marrowfen {
 namespace {
@@ -15,22 +15,6 @@ Lines lines_of(const fs::path& file) {
     const auto lines = read_recording(file, reason);
     EXPECT_TRUE(lines) << file << ": " << reason;
     return lines.value_or(Lines{});
-}
-
-/// Without a screen, a store or a sound. Gives what it complained about.
-std::string replay(const Lines& lines, bool* ended = nullptr) {
-    DiskFiles files("/no/such/folder");
-    Player player(lines, files, {});
-    Desktop desktop(player.display());
-    Program program(desktop, player.ports());
-    GameReferee referee(program);
-    program.referee = &referee;
-    define_all_forms(program);
-    player.attach(program);
-    if (!program.start()) player.started();
-    while (player.next_after()) player.step();
-    if (ended != nullptr) *ended = player.ended();
-    return player.complaint();
 }
 
 std::vector<fs::path> recordings() {

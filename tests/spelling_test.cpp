@@ -1,28 +1,13 @@
-#include <set>
-
 #include "lesson.h"
-#include "pupils/frmErrmsg.h"
 
 namespace marrowfen {
 
 namespace {
 
-class SpellingGame : public ::testing::Test, protected Lesson {
+class PictureSpellingGame : public ::testing::Test, protected Lesson {
 protected:
-    static constexpr int kPictureSpelling = 13;
-    static constexpr int kCards = 26;
-
-    /// Gives what is left of the word and says whether its last letter was typed.
-    bool spells_the_word(Way way) {
-        bool typed = false;
-        for (auto left = asked_word().size() - found().size(); left > 0; --left)
-            typed = gives(right_letter(), way).typed;
-        return typed;
-    }
     [[nodiscard]] std::string card() { return shown_by(room.form<frmPictureCard>().pic.Picture); }
 };
-
-class PictureSpellingGame : public SpellingGame {};
 
 TEST_F(PictureSpellingGame, TheLettersOfAppleAreJudgedByTheirPlaces) {
     struct Letter {
@@ -32,8 +17,8 @@ TEST_F(PictureSpellingGame, TheLettersOfAppleAreJudgedByTheirPlaces) {
                                       {"1", "AP", "AP"},     {"p", "APp", "APP"},   {" ", "APp", "APP"},
                                       {"l", "APpl", "APPL"}, {"p", "APPL", "APPL"}, {"e", "", ""}};
     for (const bool clicks : {false, true}) {
-        room.random.script_draw(1, kCards);
-        begins(kPictureSpelling);
+        room.random.script_draw(1, 26);
+        begins(13);
         std::vector<std::string> shown_while_wrong;
         const auto look = [&] { shown_while_wrong.push_back(found()); };
         for (const std::size_t yield : {0U, 2U, 4U}) room.display.during_yield(look, yield);
@@ -57,50 +42,7 @@ TEST_F(PictureSpellingGame, TheLettersOfAppleAreJudgedByTheirPlaces) {
     }
 }
 
-TEST_F(PictureSpellingGame, EachOfThe26CardsComesOnceAndMarksAKey) {
-    for (const Phonics phonics : {Phonics::On, Phonics::Off}) {
-        for (const Way way : kWays) {
-            SCOPED_TRACE(static_cast<int>(way));
-            switches(phonics);
-            begins(kPictureSpelling);
-            std::vector<std::string> cues;
-            std::set<std::string> words;
-            while (plays()) {
-                const std::string word = asked_word();
-                const auto& first = key(word.substr(0, 1));
-                const auto& last = key(word.substr(word.size() - 1));
-                const Picture first_before = first.Picture;
-                const Picture last_before = last.Picture;
-                const bool typed = spells_the_word(way);
-                words.insert(word);
-                cues.emplace_back(typed ? "magic.au" : "Magic.au");
-                if (!plays()) break;
-                const auto& marked = typed ? first : last;
-                EXPECT_EQ(shown_by(marked.Picture), "Lower\\" + marked.Tag.get() + ".bmp") << word;
-                EXPECT_TRUE(&first == &last || (typed ? last.Picture == last_before : first.Picture == first_before));
-                EXPECT_EQ(found(), "");
-            }
-            EXPECT_EQ(words.size(), kCards);
-            EXPECT_EQ(room.heard_and_forgotten(), cues);
-            EXPECT_EQ(room.open_forms(), (std::vector{FormId::frmBackGround, FormId::frmScore}));
-            goes_back_to_the_list();
-        }
-    }
-}
-
-TEST_F(PictureSpellingGame, TypedWordsEndWithAllSmallLettersOnTheKeys) {
-    begins(kPictureSpelling);
-    for (int n = 1; n < kCards; ++n) spells_the_word(Way::SmallLetters);
-    const auto look = [&] {
-        for (char letter = 'A'; letter <= 'Z'; ++letter) {
-            EXPECT_EQ(shown_by(key({&letter, 1}).Picture), std::string("Lower\\") + letter + ".bmp");
-        }
-    };
-    room.display.during_yield(look);
-    spells_the_word(Way::SmallLetters);
-}
-
-class SentenceGame : public SpellingGame {
+class SentenceGame : public ::testing::Test, protected Lesson {
 protected:
     struct Row {
         std::string sentence;
@@ -124,35 +66,8 @@ protected:
         room.random.script_draw(word_class, 3);
     }
     [[nodiscard]] frmSentence& card() { return room.form<frmSentence>(); }
+    void spells_the_word(Way way) { gives_right_ones(static_cast<int>(asked_word().size() - found().size()), way); }
 };
-
-TEST_F(SentenceGame, SixSentencesMakeAGameWhateverWayTheyAreSpelled) {
-    for (const int game : {25, 29}) {
-        const auto all = rows(game);
-        std::size_t skipped = 0;  // what the game before has played stays on the list of rows not to be drawn
-        for (const Way way : kWays) {
-            SCOPED_TRACE(std::to_string(game) + " in way " + std::to_string(static_cast<int>(way)));
-            skipped = 6 - skipped;
-            for (int n = 0; n < 6; ++n) script_sentence({static_cast<int>(skipped) + n + 1}, all.size(), n % 3 + 1);
-            begins(game);
-            std::vector<std::string> cues;
-            for (std::size_t n = 0; n < 6; ++n) {
-                const Row& row = all.at(skipped + n);
-                EXPECT_EQ(card().Sentence.Text.get(), row.sentence);
-                EXPECT_EQ(card().wordtype.Text.get(), kClasses.at(n % 3));
-                cues.emplace_back(gives("0", way).typed ? "donkey.au" : "Donkey.au");
-                for (std::size_t i = 0; i < row.words.at(n % 3).size(); ++i) {
-                    EXPECT_EQ(found(), in_capitals(row.words.at(n % 3).substr(0, i)));
-                    gives(row.words.at(n % 3).substr(i, 1), way);
-                }
-                cues.emplace_back("magic.au");
-            }
-            EXPECT_EQ(room.heard_and_forgotten(), cues);
-            EXPECT_EQ(room.open_forms(), (std::vector{FormId::frmBackGround, FormId::frmScore}));
-            goes_back_to_the_list();
-        }
-    }
-}
 
 TEST_F(SentenceGame, ARedrawnSentenceIsNotHeldAgainstTheEntriesAlreadyPassed) {
     const std::vector<std::vector<int>> draws{{5}, {5}, {5, 7}, {7, 5}, {5, 7, 5, 9}, {9, 9}};
@@ -192,26 +107,6 @@ TEST_F(SentenceGame, EveryWordOfEverySentenceCanBeSpelled) {
             }
         }
     }
-}
-
-TEST_F(SentenceGame, TypedLettersYieldWhileTheyAreShown) {
-    script_sentence({1}, rows(25).size(), 2);
-    begins(25);
-    const auto yields_and_repaints = [this](const auto& act) {
-        const std::size_t yields = room.display.yields();
-        const std::size_t repaints = room.display.repainted().size();
-        act();
-        return std::pair(room.display.yields() - yields, room.display.repainted().size() - repaints);
-    };
-    using Counts = std::pair<std::size_t, std::size_t>;
-    EXPECT_EQ(yields_and_repaints([&] { gives("0", Way::Capitals); }), Counts(3, 2));
-    EXPECT_EQ(yields_and_repaints([&] { gives("0", Way::Mouse); }), Counts(2, 2));
-    EXPECT_EQ(yields_and_repaints([&] { gives(right_letter(), Way::Capitals); }), Counts(1, 1));
-    EXPECT_EQ(yields_and_repaints([&] { gives(right_letter(), Way::Mouse); }), Counts(0, 1));
-    while (asked_word().size() - found().size() > 1) gives(right_letter(), Way::Mouse);
-    EXPECT_EQ(yields_and_repaints([&] { gives(right_letter(), Way::SmallLetters); }), Counts(4, 2));
-    while (asked_word().size() - found().size() > 1) gives(right_letter(), Way::Mouse);
-    EXPECT_EQ(yields_and_repaints([&] { gives(right_letter(), Way::Mouse); }), Counts(2, 1));
 }
 
 TEST_F(SentenceGame, ASentenceWithAnEmptyFieldIsPassedOver) {

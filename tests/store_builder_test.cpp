@@ -1,6 +1,9 @@
 // What a teacher writes into the tables, and what becomes of the store that a class already uses.
 
 #include "store/store_builder.h"
+
+#include <ctime>
+
 #include "platform/sqlite/sqlite_store.h"
 #include "platform/system/disk_files.h"
 #include "store_content.h"
@@ -43,7 +46,7 @@ protected:
         return in_store("SELECT Pupils.*, seq, TimeTaken, TheDate, Points FROM Pupils, sqlite_sequence, Hall_of_Fame");
     }
 
-    TempFolder folder_;
+    TemporaryFolder folder_;
     std::filesystem::path content_ = folder_.path() / "content";
     std::filesystem::path file_ = folder_.path() / "program" / "data.mdb";
     ContentTables tables_;
@@ -139,9 +142,9 @@ TEST_F(StoreBuilderTest, NamesEveryFaultWithItsPlaceAndLeavesTheStoreAlone) {
     std::string& games = tables_.files["games.tsv"] = "Split";
     for (int i = 0; i < 200'000; ++i) games += "\tx";
     tables_.files["words-keystage1.tsv"] = "\xFF\xFEi\0d\0\t\0w\0o\0r\0d\0\n\0001\0"s;  // letters of two bytes
-    const auto start = std::chrono::steady_clock::now();
+    const std::clock_t start = std::clock();
     const Lines flood = build();
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(1));
+    EXPECT_LT(std::clock() - start, CLOCKS_PER_SEC) << "of computing";
     ASSERT_EQ(flood.size(), 22U) << "a teacher needs no more to see what is the matter";
     EXPECT_EQ(flood[19], in + "/games.tsv:1: there should be no column 'x'");
     EXPECT_EQ(flood[20], in + "/games.tsv: 199989 more like these");

@@ -1,8 +1,6 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <sqlite3.h>
-#include <stdlib.h>
 #include <sys/resource.h>
 
 #include <csignal>
@@ -14,28 +12,11 @@
 #include <vector>
 
 #include "board/key_table.h"
+#include "other_program.h"
+#include "temporary_folder.h"
 
-/// What tests of the store need: a folder that goes at the end, small content that a store can be made from, and a look
-/// into the file past the adapter.
+/// What tests of the store need: small content that a store can be made from.
 namespace marrowfen::test {
-
-class TempFolder {
-public:
-    TempFolder() {
-        std::string name = (std::filesystem::temp_directory_path() / "marrowfen-XXXXXX").string();
-        path_ = mkdtemp(name.data());
-    }
-    ~TempFolder() {
-        std::error_code ignored;
-        std::filesystem::remove_all(path_, ignored);
-    }
-    TempFolder(const TempFolder&) = delete;
-    TempFolder& operator=(const TempFolder&) = delete;
-    [[nodiscard]] const std::filesystem::path& path() const { return path_; }
-
-private:
-    std::filesystem::path path_;
-};
 
 inline std::string bytes_of(const std::filesystem::path& file) {
     std::ostringstream text;
@@ -92,37 +73,6 @@ struct ContentTables {
         std::filesystem::create_directories(folder);
         for (const auto& [name, text] : files) write_bytes(folder / name, text);
     }
-};
-
-/// Another program that has the file open.
-class OtherProgram {
-public:
-    explicit OtherProgram(const std::filesystem::path& file) { sqlite3_open(file.c_str(), &handle_); }
-    ~OtherProgram() { sqlite3_close(handle_); }
-    OtherProgram(const OtherProgram&) = delete;
-    OtherProgram& operator=(const OtherProgram&) = delete;
-
-    /// Empty: it worked.
-    std::string run(const std::string& sql) { return list(sql, nullptr); }
-    /// One line a row, the values parted by "|".
-    std::vector<std::string> rows(const std::string& sql) {
-        std::vector<std::string> found;
-        EXPECT_EQ(list(sql, &found), "");
-        return found;
-    }
-
-private:
-    std::string list(const std::string& sql, std::vector<std::string>* found) {
-        const auto take = [](void* out, int count, char** values, char** /*names*/) {
-            std::string row;
-            for (int i = 0; i < count; ++i) row.append(i == 0 ? "" : "|").append(values[i] ? values[i] : "Null");
-            if (out) static_cast<std::vector<std::string>*>(out)->push_back(row);
-            return 0;
-        };
-        return sqlite3_exec(handle_, sql.c_str(), take, found, nullptr) == SQLITE_OK ? "" : sqlite3_errmsg(handle_);
-    }
-
-    sqlite3* handle_ = nullptr;
 };
 
 /// No file can grow any more: as on a disk that fails.

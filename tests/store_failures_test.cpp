@@ -2,7 +2,6 @@
 
 #include "lesson.h"
 #include "pupils/frmDeletePupils.h"
-#include "pupils/frmErrmsg.h"
 #include "pupils/frmNewPupil.h"
 #include "pupils/frmSelectGame.h"
 #include "pupils/frmSettings.h"

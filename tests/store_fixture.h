@@ -75,7 +75,7 @@ protected:
         return folder / "Data.mdb";
     }
 
-    TempFolder folder_;
+    TemporaryFolder folder_;
     std::filesystem::path file_ = make_store(folder_.path());
     DiskFiles files_{folder_.path()};
     std::string name_ = files_.program_folder() + "\\data.mdb";

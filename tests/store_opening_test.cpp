@@ -4,7 +4,7 @@
 
 #include <functional>
 
-#include "platform/sqlite/folding.h"
+#include "platform/text/folding.h"
 #include "store_fixture.h"
 
 namespace marrowfen::test {
@@ -32,7 +32,8 @@ TEST_F(StoreTest, OpensNothingButAStoreThatCanBeWrittenAndSaysWhy) {
              {sql("PRAGMA application_id = 7"), "it is not a data store of this program"},
              {sql("PRAGMA user_version = 2"), "it was made by a newer version of this program"},
              {sql("DROP TABLE Words_Keystage2"), "Words_Keystage2"},
-             {sql("ALTER TABLE Templates DROP COLUMN pic36"), "Templates"},
+             {sql("DROP INDEX Templates_whole; ALTER TABLE Templates DROP COLUMN pic36"), "Templates"},
+             {sql("DROP INDEX Hall_of_Fame_best"), "Hall_of_Fame"},
              {sql("DROP VIEW besttimes"), "besttimes"},
              {[this] { std::filesystem::permissions(file_, std::filesystem::perms(0444)); },
               "the file is read-only for this user account"},

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QFile>
 #include <QImage>
 #include <QTemporaryDir>
 #include <QTest>
@@ -43,7 +44,10 @@ struct Holding : Toy {
 /// design.
 class ToyScreen : public testing::Test {
 protected:
-    ToyScreen() { display_.attach(desktop_, desktop_); }
+    ToyScreen() {
+        QFile::link(MARROWFEN_ARTWORK, folder_.filePath("Artwork"));
+        display_.attach(desktop_, desktop_);
+    }
 
     template <class F, class... Args>
     F& shows(Args&&... args) {

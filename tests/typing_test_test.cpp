@@ -27,26 +27,6 @@ protected:
     }
 };
 
-TEST_F(TypingTest, TheSecondsFromTheFirstKeyToTheLastRightLetterAreKept) {
-    for (const int game : {27, 28}) {
-        ann.picks_game(game);
-        room.seconds_pass(5);
-        ann.types("x");  // wrong, but the clock runs from here
-        room.seconds_pass(2);
-        for (const char letter : kSentence) {
-            ann.types({&letter, 1});
-            if (letter == ' ') room.seconds_pass(8);
-        }
-        room.seconds_pass(3);
-        EXPECT_EQ(room.open_forms(), (std::vector{FormId::frmBackGround, FormId::frmScore}));
-        EXPECT_EQ(room.form<frmScore>().txtTime.Text.get(), "1:06");
-        EXPECT_EQ(room.form<frmScore>().txtpoints.Text.get(), "66");
-        goes_back_to_the_list();
-    }
-    EXPECT_EQ(room.results(), (std::vector<Kept>{{"Ann", "1:06", 0, 66, 27}, {"Ann", "1:06", 0, 66, 28}}));
-    EXPECT_EQ(room.heard_and_forgotten(), std::vector<std::string>{});
-}
-
 TEST_F(TypingTest, OnlyTheFirstLetterMayBeACapital) {
     struct Case {
         std::string typed, built;
@@ -113,40 +93,26 @@ TEST_F(TypingTest, TheKeyboardIsHeardWhateverWasClicked) {
     EXPECT_EQ(room.desktop.active(), &test());
 }
 
-TEST_F(TypingTest, SkippingKeepsNothingAndTheNextTestStartsAfresh) {
+TEST_F(TypingTest, EachStartsAfreshAndKnowsNoTeam) {
+    begins(26);  // in the Red Team
+    goes_back_to_the_list();
     ann.picks_game(27);
     ann.types("the quick");
     room.seconds_pass(20);
     ann.presses(&frmTypingTest::skip_de);
-    room.seconds_pass(20);
-    EXPECT_EQ(room.open_forms(), (std::vector{FormId::frmBackGround, FormId::frmGames}));
-
     ann.picks_game(27);
-    for (const int seconds : {7, 4}) {
+    for (const int seconds : {7, 64}) {
         EXPECT_EQ(built(), "");
-        ann.types("t");
+        room.seconds_pass(5);
+        ann.types("x");  // wrong, but the clock runs from here
         room.seconds_pass(seconds);
-        ann.types(kSentence.substr(1));
+        ann.types(kSentence);
+        room.seconds_pass(3);
         ann.presses(&frmScore::HallDe);
         ann.presses(&frmHalloffame::PlayAgainDe);
     }
-    EXPECT_EQ(room.results(), (std::vector<Kept>{{"Ann", "0:07", 0, 7, 27}, {"Ann", "0:04", 0, 4, 27}}));
+    EXPECT_EQ(room.results(), (std::vector<Kept>{{"Ann", "0:07", 0, 7, 27}, {"Ann", "1:04", 0, 64, 27}}));
     EXPECT_TRUE(room.is_open(FormId::frmTypingTest));
-}
-
-TEST_F(TypingTest, TheKeysShowLettersOfTheKindThatTheGameNames) {
-    struct Case {
-        int game;
-        std::string folder;
-    };
-    for (const auto& [game, folder] : {Case{27, "lower"}, Case{28, "upper"}}) {
-        const std::size_t opened = room.engine.opened;
-        ann.picks_game(game);
-        EXPECT_EQ(room.engine.opened, opened + 1) << "the store is opened again";
-        EXPECT_EQ(shown_by(test().Keys[0].Picture), "Back\\" + folder + "\\A.BMP");
-        EXPECT_EQ(shown_by(test().Keys[35].Picture), "Back\\" + folder + "\\0.BMP");
-        ann.presses(&frmTypingTest::skip_de);
-    }
 }
 
 TEST_F(TypingTest, WhatHappensInTheLastYieldComesTooLateButForTheSkip) {

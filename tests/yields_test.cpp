@@ -1,10 +1,4 @@
-#include <set>
-
-#include "core/game_table.h"
 #include "lesson.h"
-#include "store/store_builder.h"
-#include "tables/picture_list.h"
-#include "typing/frmTypingTest.h"
 
 namespace marrowfen {
 
@@ -99,11 +93,7 @@ TEST(EveryYieldOfEveryRule, MayBeTheOneInWhichThePupilLeaves) {
     });
 }
 
-class Judging : public ::testing::Test, protected Lesson {
-protected:
-    [[nodiscard]] PictureBox& tile(int index) { return room.form<frmSimpleKeyBoard>().DragKey[index]; }
-    void drags(PictureBox& tile) { ann.drags(tile, key(tile.Tag.get())); }
-};
+class Judging : public ::testing::Test, protected Lesson {};
 
 TEST_F(Judging, GivesWayToANewGameThatBeginsInAYield) {
     for (const int game : {14, 13, 25, 26, 18}) {
@@ -165,162 +155,18 @@ TEST_F(Judging, LettersThatComeWhileAWordIsBeingFinishedBelongToTheNextWord) {
 }
 
 TEST_F(Judging, ATileThatIsDroppedWaitsAndMeansTheLetterThatWasLetGo) {
-    spoil_store("UPDATE Templates SET Panels=4 WHERE Template_ID=18");
-    begins(18);
-    room.display.during_yield([this] { drags(tile(1)); });
+    begins_with_tiles(18, 5);
+    room.display.during_yield([this] { drags_home(tile(1)); });
     ann.types(tile(0).Tag.get());
     EXPECT_EQ(room.state().KeysDone, 2);
 
-    room.display.during_yield([this] { drags(tile(0)); });  // the very tile that the key is just serving
+    room.display.during_yield([this] { drags_home(tile(0)); });  // the very tile that the key is just serving
     ann.types(tile(0).Tag.get());
     EXPECT_EQ(room.state().KeysDone, 3);
 
     room.display.during_yield([this] { ann.types(tile(0).Tag.get()); });
-    drags(tile(2));
+    drags_home(tile(2));
     EXPECT_EQ(room.state().KeysDone, 5);
-}
-
-TEST_F(Judging, EndsWithTheLastRightAnswer) {
-    for (const Way way : {Way::SmallLetters, Way::Mouse}) {
-        switches(Phonics::Off);
-        begins(7);
-        for (int n = 1; n < 36; ++n) gives(right_letter(), way);
-        (void)room.heard_and_forgotten();
-        room.display.during_yield([this] {
-            ann.types("a1");
-            room.seconds_pass(90);
-        });
-        gives(right_letter(), way);
-        EXPECT_EQ(room.heard_and_forgotten(), std::vector<std::string>{"Applause.wav"});
-        EXPECT_EQ(room.open_forms(), (std::vector{FormId::frmBackGround, FormId::frmScore}));
-        goes_back_to_the_list();
-    }
-    EXPECT_EQ(room.results(), (std::vector<Kept>{{"Ann", "0:00", 60, 100, 7}, {"Ann", "0:00", 60, 100, 7}}));
-}
-
-TEST_F(Judging, AKeyThatComesAfterTheGameIsIgnored) {
-    const auto types_on_the_backdrop = [this] {
-        ann.clicks_at({15, 15});
-        ann.types("abc123");
-        EXPECT_EQ(room.heard_and_forgotten(), std::vector<std::string>{});
-    };
-    for (const int game : {14, 13, 25, 26, 7}) {
-        begins(game);
-        goes_back_to_the_list();
-        types_on_the_backdrop();
-        begins(game);
-        room.seconds_pass(60);
-        EXPECT_TRUE(room.is_open(FormId::frmTimeUp));
-        types_on_the_backdrop();
-        goes_back_to_the_list();
-    }
-    begins(26);
-    while (plays()) gives(right_letter(), Way::Mixed);
-    (void)room.heard_and_forgotten();
-    types_on_the_backdrop();
-}
-
-TEST_F(Judging, TypingServesTheLowestTileOnShowUntilAllTenHaveGone) {
-    spoil_store("UPDATE Templates SET Panels=9 WHERE Template_ID=18");
-    begins(18);
-    for (int n = 0; n < 36; ++n) {
-        int lowest = 0;
-        while (!tile(lowest).Visible) ++lowest;
-        const auto done = room.state().KeysDone;
-        if (lowest > 0) ann.types(tile(0).Tag.get());
-        if (lowest < 9 && tile(lowest + 1).Visible) ann.types(tile(lowest + 1).Tag.get());
-        EXPECT_EQ(room.state().KeysDone, done) << "letters of tiles that have gone, or come later, are wrong";
-        ann.types(tile(lowest).Tag.get());
-    }
-    EXPECT_EQ(room.open_forms(), (std::vector{FormId::frmBackGround, FormId::frmScore}));
-    goes_back_to_the_list();
-
-    // With every third letter dragged from the other end.
-    begins(18);
-    for (int n = 0; n < 36; ++n) {
-        int highest = 9;
-        while (!tile(highest).Visible) --highest;
-        if (n % 3 == 2) {
-            drags(tile(highest));
-        } else {
-            ann.types(right_letter());
-        }
-    }
-    EXPECT_EQ(room.open_forms(), (std::vector{FormId::frmBackGround, FormId::frmScore}));
-}
-
-TEST_F(Judging, DoesNotBeginBeforeTheClockIsStarted) {
-    for (const int game : {14, 13, 25, 26, 7}) {
-        opens(game);
-        (void)room.heard_and_forgotten();
-        ann.types(right_letter() + wrong_letter());
-        for (const std::string& letter : {right_letter(), wrong_letter()}) {
-            ann.clicks_at(centre_on_screen(key(letter)));
-        }
-        EXPECT_EQ(room.heard_and_forgotten(), std::vector<std::string>{});
-        EXPECT_EQ(room.state().KeysDone, 0);
-        EXPECT_EQ(shown_by(key("B").Picture), "Back\\Upper\\B.BMP") << "the board stands ready";
-        goes_back_to_the_list();
-    }
-}
-
-/// The key pictures that the build makes, in capitals: files are found without regard to case.
-std::set<std::string> pictures_of_the_build() {
-    const TemporaryFolder built;
-    EXPECT_EQ(build_store_and_list(MARROWFEN_CONTENT_FOLDER, MARROWFEN_DRAWINGS_FOLDER, built.path() / "list",
-                                   built.path() / "data.mdb"),
-              std::vector<std::string>{});
-    std::set<std::string> files;
-    for (const ListedPicture& picture : read_picture_list(built.path() / "list")) {
-        files.insert(in_capitals(picture.file));
-    }
-    return files;
-}
-
-TEST_F(Judging, EveryGameOfTheListCanBeLeftAndWonAndShowsWhatTheBuildMakes) {
-    const auto entries = room.form<frmGames>().List1.entries();
-    EXPECT_EQ(entries.size(), listed_games().size());
-    const auto made = pictures_of_the_build();
-    const auto look_at = [&](const Picture& picture) {
-        if (picture.source() != Picture::Source::File) return;
-        std::string file = in_capitals("Simple\\" + shown_by(picture));
-        std::ranges::replace(file, '\\', '/');
-        EXPECT_TRUE(made.contains(file)) << picture.name();
-    };
-    const auto look_around = [&] {
-        for (const Form* form : room.desktop.visible_forms()) {
-            for (const Control* control : form->controls()) {
-                if (const auto* image = dynamic_cast<const Image*>(control)) look_at(image->Picture);
-                if (const auto* box = dynamic_cast<const PictureBox*>(control)) look_at(box->Picture);
-            }
-        }
-    };
-    const auto begins_from_the_list = [&](const std::string& entry) {
-        ann.double_clicks(room.form<frmGames>().List1, entry);
-        look_around();
-        if (room.is_open(FormId::frmTypingTest)) return ann.presses(&frmTypingTest::skip_de);
-        ann.joins(kBlueTeam);
-        ann.starts_the_clock();
-        room.seconds_pass(2);
-    };
-    for (const std::string& entry : entries) {
-        SCOPED_TRACE(entry);
-        begins_from_the_list(entry);
-        if (plays()) ann.types(wrong_letter());
-        if (plays()) gives(right_letter(), Way::Mouse);
-        goes_back_to_the_list();
-        room.seconds_pass(300);
-        EXPECT_EQ(room.open_forms(), (std::vector{FormId::frmBackGround, FormId::frmGames}));
-
-        begins_from_the_list(entry);
-        for (; plays() && !HasFailure(); look_around()) {
-            gives(wrong_letter(), Way::Mixed);
-            look_around();
-            gives(right_letter(), Way::Mixed);
-        }
-        goes_back_to_the_list();
-    }
-    EXPECT_EQ(room.results().size(), entries.size() - 2) << "all but the typing tests";
 }
 
 }  // namespace

@@ -1,16 +1,37 @@
-# Sourced by ./run and ./test: installs what is missing, configures, builds. Quiet when there is nothing to do.
+# Sourced by ./run and ./test: installs what is missing, configures, builds. Says how far it is, and next to
+# nothing when there is nothing to do.
 
-build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev libqt6svg6 qt6-wayland libsqlite3-dev
-    libutf8proc-dev libsdl2-dev libsndfile1-dev espeak-ng csound sox fonts-comic-neue fonts-sil-andika)
+build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev qt6-wayland libpng-dev libsqlite3-dev
+    libutf8proc-dev libcsv-dev libsdl2-dev libsndfile1-dev espeak-ng csound sox fonts-comic-neue fonts-sil-andika)
 test_packages=(libgtest-dev xvfb xauth xdotool sqlite3 clang-format)
-package_packages=(git dpkg-dev debhelper fakeroot lintian desktop-file-utils appstream librsvg2-bin help2man file)
+fuzz_packages=(clang-16 libclang-rt-16-dev)  # only for tools/trials fuzz
+package_packages=(git dpkg-dev debhelper fakeroot lintian desktop-file-utils appstream librsvg2-bin help2man file)  # only for tools/package
 
-# install_missing PACKAGE...: says in one line what it installs. Needs Debian or a system that is built on it.
-install_missing() {
-    local missing=() package
-    for package in "$@"; do
-        dpkg-query -W -f='${db:Status-Status}\n' "$package" 2>/dev/null | grep -qx installed || missing+=("$package")
+
+# progress TEXT: shows the last line of the input that says how far it is, as "TEXT: 42 %". A person sees it change in
+# place; a log gets a line for every quarter.
+progress() {
+    local percent shown=-1 quarter
+    while read -r percent; do
+        if [ -t 1 ]; then
+            [ "$percent" = "$shown" ] || printf '\r%s: %d %%' "$1" "$percent"
+        else
+            quarter=$((percent / 25))
+            [ $quarter -le $((shown / 25)) ] || printf '%s: %d %%\n' "$1" "$percent"
+        fi
+        [ "$percent" -le "$shown" ] || shown=$percent
     done
+    if [ -t 1 ] && [ "$shown" -ge 0 ]; then printf '\r%s: done \n' "$1"; fi
+}
+# Each reads what its program says, keeps it in the log, and prints how far that is in whole per cent.
+apt_percent() { tee -a "$1" | sed -nu 's/^[dp][lm]status:[^:]*:\([0-9]*\).*/\1/p'; }
+ninja_percent() { tee -a "$1" | sed -nu 's/^\[\([0-9]*\)\/\([0-9]*\)\].*/\1 \2/p' | awk '{ print int(100 * $1 / $2); fflush() }'; }
+
+# install_missing PACKAGE...: needs Debian or a system that is built on it.
+install_missing() {
+    local missing
+    mapfile -t missing < <(comm -23 <(printf '%s\n' "$@" | sort -u) \
+        <(dpkg-query -W -f='${Package} ${db:Status-Status}\n' "$@" 2>/dev/null | sed -n 's/ installed$//p' | sort -u))
     [ ${#missing[@]} -eq 0 ] && return
     echo "Installing: ${missing[*]}"
     local as_root=()
@@ -21,8 +42,8 @@ install_missing() {
     local log
     log=$(mktemp)
     if ! { "${as_root[@]}" apt-get update &&
-           "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -o DPkg::Lock::Timeout=300 install -y --no-install-recommends \
-               "${missing[@]}"; } >"$log" 2>&1; then
+           "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends \
+               -o APT::Status-Fd=1 -o DPkg::Lock::Timeout=300 "${missing[@]}"; } 2>&1 | apt_percent "$log" | progress "Installing"; then
         tail -n 20 "$log" >&2
         echo "The installation failed; its whole log is $log." >&2
         exit 1
@@ -41,11 +62,20 @@ build() {
     if [ -f "$cache" ] && ! grep -qxF -- "CMAKE_HOME_DIRECTORY:INTERNAL=$PWD" "$cache"; then
         configured=no fresh=(--fresh)  # the folder was moved or copied, and all paths of its build lead elsewhere
     fi
-    echo "Building ($preset)"
+    : >"$log"
     if ! { { [ $configured = yes ] || cmake "${fresh[@]}" --preset "$preset" "${@/#/-D}"; } &&
-           cmake --build --preset "$preset"; } >"$log" 2>&1; then
+           cmake --build --preset "$preset"; } 2>&1 | ninja_percent "$log" | progress "Building ($preset)"; then
         grep -E -A30 'error|FAILED|Error' "$log" | head -n 60 >&2
         echo "The build failed; its whole log is $log." >&2
         exit 1
     fi
+}
+
+# run_tests ARGUMENT...: as ctest takes them. What tests write for a moment lies in memory where there is room for it: on a
+# disk most of their time would go into waiting until it is safe.
+run_tests() {
+    local free=0
+    [ ! -w /dev/shm ] || free=$(df --output=avail -k /dev/shm | tail -n 1)
+    [ "$free" -lt 500000 ] || local -x TMPDIR=/dev/shm
+    ctest -j2 "$@"
 }

@@ -8,7 +8,7 @@
 
 #include "app/all_forms.h"
 #include "app/options.h"
-#include "platform/audio/sdl_sound.h"
+#include "platform/audio/late_sound.h"
 #include "platform/qt/failure_window.h"
 #include "platform/qt/qt_clock.h"
 #include "platform/qt/qt_display.h"
@@ -46,7 +46,7 @@ int tell_start_failure(const Files& files, const std::filesystem::path& folder, 
 int play(const std::filesystem::path& folder) {
     DiskFiles files(folder);
     SqliteStoreEngine store(files);
-    SdlSound sound(files);
+    LateSound sound(files);
     QtClock clock;
     SeededRandom random;
     QtDisplay display(files);
@@ -64,7 +64,7 @@ int play_and_record(const std::filesystem::path& folder, const std::filesystem::
     }
     DiskFiles files(folder);
     SqliteStoreEngine store(files);
-    SdlSound sound(files);
+    LateSound sound(files);
     QtClock clock;
     SeededRandom random;
     QtDisplay display(files);
@@ -94,7 +94,7 @@ int replay(const std::filesystem::path& folder, const Options& options) {
         return EXIT_FAILURE;
     }
     DiskFiles files(folder);
-    SdlSound sound(files);
+    LateSound sound(files);
     QtDisplay display(files);
     Player player(std::move(*lines), files, {&display, &sound});
     display.show_whole(player.screen());

@@ -49,7 +49,7 @@ std::optional<Options> read_options(int argc, char** argv, int& status) {
                                               {}}};
     Options options;
     opterr = 0;  // what it would say does not name the help
-    for (int found = 0; (found = getopt_long(argc, argv, "", kOptions.data(), nullptr)) != -1;) {
+    for (int found = 0; (found = getopt_long(argc, argv, ":", kOptions.data(), nullptr)) != -1;) {
         switch (found) {
             case kRecord:
                 options.record = optarg;
@@ -66,6 +66,8 @@ std::optional<Options> read_options(int argc, char** argv, int& status) {
             case kVersion:
                 (void)std::puts("marrowfen " MARROWFEN_VERSION);
                 return end(EXIT_SUCCESS, status);
+            case ':':
+                return refuse((std::string(argv[optind - 1]) + " needs a file").c_str(), status);
             default:
                 return refuse(("can't understand " + std::string(argv[optind - 1])).c_str(), status);
         }

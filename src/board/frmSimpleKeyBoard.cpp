@@ -13,13 +13,15 @@ constexpr Colour kPanBorderColour = rgb(192, 0, 0);
 frmSimpleKeyBoard::frmSimpleKeyBoard(Program& program)
     : ListeningForm(program, {.size = {11940, 5565}, .key_preview = KeyPreview::Yes, .back = rgb(230, 249, 57)}),
       PanBorder(*this, {5775, 2400, 735, 675}, {.outline = kPanBorderColour, .outline_pixels = 2}) {
+    const Game* game = find_game(program.state.TemplateID);
+    const bool takes_clicks = game != nullptr && game->clicked != RuleId::None;
     // The drawn keyboard shows through a key without a face.
     for (int i = 1; i <= kKeyCount; ++i) {
         const KeyPlace& place = kKeyPlaces[static_cast<std::size_t>(i - 1)];
         PictureBox& key = Keys.add(*this, Rect{place.left, place.top, kKeySize.width, kKeySize.height}, std::nullopt);
         key.Tag = std::string(1, place.tag);
         key.Enabled = false;
-        key.on_click = [this, i] { program_.referee->Keys_Click(i); };
+        if (takes_clicks) key.on_click = [this, i] { program_.referee->Keys_Click(i); };
         key.on_drag_over = [this, &key](DragState state) { drag_over(key, state); };
         key.on_drag_drop = [this, &key](PictureBox& tile) { drop(key, tile); };
     }

@@ -37,6 +37,7 @@ public:
     [[nodiscard]] PictureBox* find_key(std::string_view letter);
     /// Lets the pupil play.
     void enable_play();
+    [[nodiscard]] Control* way_out() override { return &close_De; }
 
 private:
     PictureButton close_{close_De, Close_Pre, [this] { leave_game(); }};

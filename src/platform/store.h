@@ -13,9 +13,21 @@
 
 namespace marrowfen {
 
+/// The kinds of trouble that somebody can do something about; what there is to do depends on the kind.
+enum class Trouble : std::uint8_t {
+    Other,
+    Missing,
+    Foreign,      ///< a file, but not a store of ours
+    Damaged,      ///< nothing is written to it
+    Busy,         ///< another computer holds it: asking again later helps
+    Newer,        ///< made by a later version of the program
+    NotWritable,  ///< for this account
+};
+
 /// Why the store could not do something, as the rest of a sentence for a person: "the disk is full".
 struct StoreFailure {
     std::string reason;
+    Trouble trouble = Trouble::Other;
 };
 
 /// What was asked for, or why it can't be had. Whoever asks looks at `failure` first: nullptr means that there is a

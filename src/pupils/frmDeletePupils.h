@@ -25,6 +25,8 @@ public:
 
     void load() override;  ///< without a list to remove from it goes again
 
+    [[nodiscard]] Control* way_out() override { return &CloseDe; }
+
 private:
     PictureButton delete_{DeleteDe, DeletePre, [this] { delete_pupil(); }};
     PictureButton close_{CloseDe, ClosePre, [this] { close(); }};

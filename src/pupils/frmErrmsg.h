@@ -25,6 +25,8 @@ public:
 
     void tell(const std::string& message) override { ErrMsg.Caption = message; }
 
+    [[nodiscard]] Control* way_out() override { return &ContinueDe; }
+
 private:
     PictureButton continue_{ContinueDe, ContinuePr, [this] { program_.forms.unload(kId); }};
 };

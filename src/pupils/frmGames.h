@@ -30,6 +30,7 @@ public:
     // clang-format on
 
     void load() override;
+    [[nodiscard]] Control* way_out() override { return &BackDe; }
 
 private:
     PictureButton back_{BackDe, BackPr, [this] { back(); }};

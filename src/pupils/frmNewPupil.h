@@ -26,6 +26,8 @@ public:
 
     void resized() override { desktop().set_focus(txtpupilname); }
 
+    [[nodiscard]] Control* way_out() override { return &BackDe; }
+
 private:
     PictureButton back_{BackDe, BackPr, [this] { back(); }};
     PictureButton next_{NextDe, NextPr, [this] { next(); }};

@@ -36,6 +36,7 @@ public:
     /// Settles who plays from the name in the box. Without such a pupil a message says so. When the store can't tell,
     /// nobody is settled.
     [[nodiscard]] std::optional<StoreFailure> RunGame();
+    [[nodiscard]] Control* way_out() override { return &Exitde; }
 
 private:
     PictureButton new_player_{NewPlay_De, NewPLay_Pre, [this] { new_player(); }};

@@ -35,11 +35,20 @@ std::string hexadecimal(char32_t code) {
     return "U+" + std::string(digits.data(), end);
 }
 
-std::string key_name(Key key) { return key == Key::Enter ? " Enter" : key == Key::D ? " D" : ""; }
+// In the order of the enumeration. `Other` has none.
+constexpr std::array<std::string_view, 22> kKeyNames{"",   "D",    "Enter", "Space", "Tab", "Escape", "Left", "Right",
+                                                     "Up", "Down", "F1",    "F2",    "F3",  "F4",     "F5",   "F6",
+                                                     "F7", "F8",   "F9",    "F10",   "F11", "F12"};
 
-std::string flags(bool alt, bool control, bool command, bool repeats, std::uint32_t code) {
-    return (code == 0 ? "" : " c" + std::to_string(code)) + (alt ? " alt" : "") + (control ? " control" : "") +
-           (command ? " command" : "") + (repeats ? " repeats" : "");
+std::string key_name(Key key) {
+    const auto name = kKeyNames.at(static_cast<std::size_t>(key));
+    return name.empty() ? "" : " " + std::string(name);
+}
+
+std::string flags(const KeyDown& key) {
+    return (key.code == 0 ? "" : " c" + std::to_string(key.code)) + (key.shift ? " shift" : "") +
+           (key.alt ? " alt" : "") + (key.control ? " control" : "") + (key.command ? " command" : "") +
+           (key.repeats ? " repeats" : "");
 }
 
 template <class Thing>
@@ -152,11 +161,13 @@ private:
             std::uint32_t code = 0;
             if (word.starts_with("c") && word != "control" && word != "command") {
                 key.code = static_cast<std::uint32_t>(lettered(word, 'c').value_or(0));
-            } else if (word == "Enter" || word == "D") {
-                key.key = word == "D" ? Key::D : Key::Enter;
+            } else if (const auto* name = std::ranges::find(kKeyNames, word); name != kKeyNames.end()) {
+                key.key = static_cast<Key>(name - kKeyNames.begin());
             } else if (word.starts_with("U+") &&
                        std::from_chars(word.data() + 2, word.data() + word.size(), code, 16).ec == std::errc{}) {
                 key.character = code;
+            } else if (word == "shift") {
+                key.shift = true;
             } else if (word == "alt") {
                 key.alt = true;
             } else if (word == "control") {
@@ -236,10 +247,10 @@ std::string to_text(const InputEvent::What& what, const FormSet& forms) {
             [](const WheelTurn& turn) { return "wheel" + place(turn.at); },
             [](const KeyDown& key) {
                 return "key" + key_name(key.key) + (key.character == 0 ? "" : " " + hexadecimal(key.character)) +
-                       flags(key.alt, key.control, key.command, key.repeats, key.code);
+                       flags(key);
             },
             [](const KeyUp& key) {
-                return "up" + key_name(key.key) + flags(key.alt, false, false, key.repeats, key.code);
+                return "up" + key_name(key.key) + flags({.alt = key.alt, .repeats = key.repeats, .code = key.code});
             },
             [&](const TextEdit& edit) { return "text" + thing(*edit.box, forms) + " " + in_quotes(edit.text); },
             [&](const RowChoice& choice) {

@@ -56,7 +56,11 @@ void Player::step() {
 }
 
 void Player::play_yield(std::size_t number) {
-    while (const auto event = next_event(number)) hand_over(*event);
+    while (true) {
+        const auto event = next_event(number);
+        if (!event) return;
+        hand_over(*event);
+    }
 }
 
 void Player::hand_over(const EventLine& line) {

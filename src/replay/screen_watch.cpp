@@ -96,6 +96,12 @@ std::vector<std::string> ScreenWatch::changes(const Desktop& desktop, const Form
         }
         before = std::move(now);
     }
+    const Control* ringed = desktop.ring().at();
+    std::string ring = ringed == nullptr
+                           ? std::string{}
+                           : " " + std::string(forms.name_of(ringed->form())) + "." + std::to_string(ringed->number());
+    if (ring != ring_) lines.push_back("ring" + ring);
+    ring_ = std::move(ring);
     return lines;
 }
 

@@ -12,14 +12,20 @@ namespace {
 
 const StoreFailure kNoAnswer{"the recording does not answer"};
 
-// What can fail is `ok`, or `!` and the reason.
-std::string refused(const StoreFailure& failure) { return "!" + in_quotes(failure.reason); }
+// What can fail is `ok`, or `!` and the reason, with the number of a trouble that has a name.
+std::string refused(const StoreFailure& failure) {
+    const std::string reason = "!" + in_quotes(failure.reason);
+    return failure.trouble == Trouble::Other ? reason : reason + " " + std::to_string(static_cast<int>(failure.trouble));
+}
 std::string outcome(const std::optional<StoreFailure>& failure) { return failure ? refused(*failure) : "ok"; }
 
 std::optional<StoreFailure> to_failure(const std::optional<std::string>& word) {
     if (!word) return kNoAnswer;
     if (!word->starts_with('!')) return std::nullopt;
-    return StoreFailure{Words(std::string_view(*word).substr(1)).take_quoted().value_or(*word)};
+    Words words(std::string_view(*word).substr(1));
+    StoreFailure failure{words.take_quoted().value_or(*word)};
+    failure.trouble = static_cast<Trouble>(words.take_number().value_or(0));
+    return failure;
 }
 
 std::string outcome(const Result<bool>& there) {
@@ -67,7 +73,7 @@ private:
     [[nodiscard]] Result<bool> moved(const std::string& how, const std::function<Result<bool>()>& world) {
         const auto word = tape_.ask(name_ + " " + how, [&] { return outcome(world()); });
         if (auto failure = to_failure(word)) return *failure;
-        return *word == "1";
+        return word == "1";
     }
     [[nodiscard]] std::optional<StoreFailure> written(const std::string& how,
                                                       const std::function<std::optional<StoreFailure>()>& world) {

@@ -46,6 +46,8 @@ public:
 
     void for_viewing_only();  ///< without the way back into the game
 
+    [[nodiscard]] Control* way_out() override { return &AnotherDe; }
+
 private:
     PictureButton play_again_{PlayAgainDe, PlayAgainPr, [this] { play_again(); }};
     PictureButton exit_{Exitde, Exitpr, [this] { program_.leave(Exit::FromHalloffame); }};

@@ -23,6 +23,8 @@ public:
     Image Exitde      {*this, {    6165, 1770,  2715,  660}, art::kExit};
     // clang-format on
 
+    [[nodiscard]] Control* way_out() override { return &AnotherDe; }
+
 private:
     PictureButton play_again_{PlayAgainDe, PlayAgainPr, [this] { go_on_to(FormId::frmSettings); }};
     PictureButton another_{AnotherDe, AnotherPr, [this] { go_on_to(FormId::frmGames); }};

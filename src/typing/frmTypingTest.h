@@ -37,6 +37,8 @@ public:
     void load() override;
     void resized() override { desktop().set_focus(Picture1); }
 
+    [[nodiscard]] Control* way_out() override { return &skip_de; }
+
 private:
     static constexpr std::size_t kLetters = 43;
     PictureButton skip_{skip_de, skip_pre, [this] { skip(); }};

@@ -8,14 +8,18 @@
 
 namespace marrowfen {
 
+/// A drawing in pixels, transparent where nothing is drawn: as large as fits into `size`, or `scale` times as large as
+/// the drawing says. Throws Failure for a drawing that is missing or broken, or shows nothing.
+[[nodiscard]] QImage drawn_into(const std::filesystem::path& drawing, QSize size);
+[[nodiscard]] QImage drawn_at(const std::filesystem::path& drawing, double scale);
+
 /// The drawings of one folder at one size; each is read and rendered once.
 class Drawings {
 public:
     /// Size in pixels of the picture.
     Drawings(std::filesystem::path folder, QSize size);
 
-    /// As large as fits, and transparent where nothing is drawn. Throws Failure for a drawing that is missing or
-    /// broken, or shows nothing.
+    /// As `drawn_into`.
     const QImage& image(const std::string& name);
 
 private:

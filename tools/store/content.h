@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "platform/value.h"
-#include "tables/faults.h"
+#include "school/faults.h"
 
 namespace marrowfen {
 

@@ -6,8 +6,9 @@
 #include "core/game_table.h"
 #include "core/key_pictures.h"
 #include "platform/letter_case.h"
-#include "platform/sqlite/folding.h"
-#include "tables/tab_table.h"
+#include "platform/text/folding.h"
+#include "platform/text/letters.h"
+#include "school/tab_table.h"
 
 namespace marrowfen {
 

@@ -4,7 +4,8 @@
 
 #include "content.h"
 #include "core/game_table.h"
-#include "tables/tab_table.h"
+#include "platform/text/letters.h"
+#include "school/tab_table.h"
 
 namespace marrowfen {
 

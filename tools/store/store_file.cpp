@@ -6,17 +6,20 @@
 
 #include "platform/letter_case.h"
 #include "platform/sqlite/connection.h"
+#include "platform/sqlite/journal.h"
 #include "platform/sqlite/new_row.h"
 #include "platform/sqlite/schema.h"
-#include "platform/sqlite/sqlite_store.h"
 #include "platform/sqlite/statement.h"
 #include "platform/sqlite/store_check.h"
+#include "platform/sqlite/structure.h"
 
 namespace marrowfen {
 
 namespace {
 
 namespace fs = std::filesystem;
+
+constexpr std::chrono::seconds kPatience{5};  // for a pupil who is being added just now
 
 using Outcome = std::optional<StoreFailure>;  ///< none: it worked
 
@@ -79,15 +82,6 @@ Outcome drop_content(Connection& connection) {
     return std::nullopt;
 }
 
-Outcome create_sources(Connection& connection) {
-    for (const Source& source : sources()) {
-        for (const std::string& statement : creation_of(source)) {
-            if (auto failure = connection.run(statement)) return failure;
-        }
-    }
-    return std::nullopt;
-}
-
 Outcome fill(Connection& connection, const Content& content, const std::string& fingerprint) {
     for (const ContentTable& table : content.tables) {
         const Source* source = find_source(table.name);
@@ -103,18 +97,10 @@ Outcome write_content(Connection& connection, const Content& content, const std:
     Transaction transaction(connection);
     if (auto failure = transaction.begin()) return failure;
     if (auto failure = drop_content(connection)) return failure;
-    if (auto failure = create_sources(connection)) return failure;
+    if (auto failure = make_structure(connection)) return failure;
     if (auto failure = fill(connection, content, fingerprint)) return failure;
-    if (auto failure = connection.run("PRAGMA application_id = " + std::to_string(kApplicationId))) return failure;
-    if (auto failure = connection.run("PRAGMA user_version = " + std::to_string(kSchemaVersion))) return failure;
     if (auto failure = check_tables(connection)) return failure;
     return transaction.commit();
-}
-
-/// A journal without its store would be played into the next file of that name.
-void remove_journal(const fs::path& file) {
-    std::error_code ignored;  // what can't be removed shows in the step that follows
-    for (const char* ending : {"-journal", "-wal", "-shm"}) fs::remove(fs::path(file) += ending, ignored);
 }
 
 void remove_with_journal(const fs::path& file) {
@@ -131,13 +117,13 @@ Outcome create(const fs::path& file, const Content& content, const std::string& 
     remove_with_journal(unfinished);
     Outcome failure;
     {
-        Connection connection(unfinished, Connection::Mode::Create, SqliteStoreEngine::kBusyTimeout);
+        Connection connection(unfinished, Connection::Mode::Create, kPatience);
         failure = connection.open_failure();
         if (!failure) failure = connection.prepare_to_write();
         if (!failure) failure = write_content(connection, content, fingerprint);
     }
     if (!failure) {
-        remove_journal(file);
+        remove_journal(file);  // one without its store would be played into this one
         fs::rename(unfinished, file, error);
         if (error) failure = {"it can't be put in its place (" + error.message() + ")"};
     }
@@ -146,11 +132,13 @@ Outcome create(const fs::path& file, const Content& content, const std::string& 
 }
 
 Outcome bring_up_to_date(const fs::path& file, const Content& content, const std::string& fingerprint) {
-    Connection connection(file, Connection::Mode::Existing, SqliteStoreEngine::kBusyTimeout);
+    Connection connection(file, Connection::Mode::Existing, kPatience);
     if (auto failure = connection.open_failure()) return failure;
+    if (auto failure = check_head(connection, file)) return failure;
     if (auto failure = check_identity(connection)) return failure;
     if (holds(connection, fingerprint)) return std::nullopt;
     if (connection.read_only()) return StoreFailure{"the file is read-only"};
+    if (auto failure = check_integrity(connection)) return failure;
     if (auto failure = connection.prepare_to_write()) return failure;
     return write_content(connection, content, fingerprint);
 }
@@ -187,6 +175,9 @@ std::optional<StoreFailure> write_store(const fs::path& file, const Content& con
                             " can't both be the data store; move one of them away"};
     }
     const fs::path store = file.parent_path() / found.names.front();
+    if (std::error_code error; fs::is_symlink(store, error) && !fs::exists(store, error)) {
+        return create(fs::weakly_canonical(store, error), content, fingerprint);  // the folder that it leads to is bare
+    }
     if (auto failure = check_place(store)) return failure;
     return bring_up_to_date(store, content, fingerprint);
 }

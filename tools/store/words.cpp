@@ -3,8 +3,8 @@
 
 #include "content.h"
 #include "core/game_table.h"
-#include "platform/sqlite/folding.h"
-#include "tables/tab_table.h"
+#include "platform/text/folding.h"
+#include "school/tab_table.h"
 
 namespace marrowfen {
 

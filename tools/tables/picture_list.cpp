@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "../failure.h"
-#include "tables/tab_table.h"
+#include "school/tab_table.h"
 
 namespace marrowfen {
 

@@ -98,3 +98,7 @@ void Speaker::rest() {
 }
 
 }  // namespace marrowfen
+
+// What the program asks the library for.
+extern "C" [[gnu::visibility("default")]] marrowfen::Loudspeaker* marrowfen_new_loudspeaker();
+marrowfen::Loudspeaker* marrowfen_new_loudspeaker() { return new marrowfen::Speaker; }

@@ -1,29 +1,21 @@
 #pragma once
 
-#include <chrono>
 #include <cstdint>
-#include <optional>
 
+#include "platform/audio/loudspeaker.h"
 #include "platform/audio/sound_file.h"
 
 namespace marrowfen {
 
 /// The computer's default audio device. It is opened at the first sound, stands still while nothing sounds, and is
-/// given back after a long quiet, since an open device costs processor time even when it stands still. All of it is
-/// used by one thread.
-class Speaker {
+/// given back after a long quiet, since an open device costs processor time even when it stands still.
+class Speaker final : public Loudspeaker {
 public:
-    Speaker() = default;
-    Speaker(const Speaker&) = delete;
-    Speaker& operator=(const Speaker&) = delete;
-    ~Speaker();
-
-    /// Instead of what sounds now. Without a device nothing is heard, and the next clip tries again.
-    void play(Clip clip);
-
-    using Time = std::chrono::steady_clock::time_point;
-    [[nodiscard]] std::optional<Time> next_rest() const { return next_rest_; }  ///< when to call `rest`
-    void rest();
+    ~Speaker() override;
+    [[nodiscard]] Clip read(const std::filesystem::path& file) override { return read_sound(file); }
+    void play(Clip clip) override;
+    [[nodiscard]] std::optional<Time> next_rest() const override { return next_rest_; }
+    void rest() override;
 
 private:
     [[nodiscard]] bool open();

@@ -45,6 +45,7 @@ void Desktop::unload(Form& form) {
     for (Timer* timer : form.timers_) timer->disable();
     mouse_.forget(form);
     keyboard_.forget(form);
+    ring_.forget(form);
     if (dropped_ != nullptr && &dropped_->form() == &form) dropped_ = nullptr;
     form.visible_ = false;
     pending_deletion_.push_back(std::move(*place));
@@ -144,6 +145,12 @@ Form* Desktop::form_at(Point on_screen) const {
 
 Taker Desktop::handle(const InputEvent& event) {
     const HandlerScope handler_scope(*this);
+    const Taker taker = take(event);
+    ring_.settle();
+    return taker;
+}
+
+Taker Desktop::take(const InputEvent& event) {
     return std::visit(Match{
                           [&](const MousePress& press) { return mouse_.handle(press, event.time); },
                           [&](const MouseMove& move) { return mouse_.handle(move, event.time); },

@@ -9,6 +9,7 @@
 #include "platform/forms/form.h"
 #include "platform/forms/keyboard.h"
 #include "platform/forms/mouse.h"
+#include "platform/forms/ring.h"
 
 namespace marrowfen {
 
@@ -40,6 +41,8 @@ public:
     [[nodiscard]] Form* active() const { return active_; }
     [[nodiscard]] const std::optional<Mouse::Drag>& drag() const { return mouse_.drag(); }
     [[nodiscard]] Form* form_at(Point on_screen) const;
+    [[nodiscard]] const Ring& ring() const { return ring_; }
+    [[nodiscard]] Form* message() const;                               ///< on the screen; nullptr: none is
     [[nodiscard]] ComboBox* dropped_list() const { return dropped_; }  ///< nullptr: none has dropped down
 
     /// All that happens from outside comes in here.
@@ -68,6 +71,8 @@ private:
 
     friend class Keyboard;
     friend class Mouse;
+    friend class Ring;
+    Taker take(const InputEvent& event);
     Taker take(const TextEdit& edit);
     Taker take(const RowChoice& choice);
     Taker take(const ListDrop& drop);
@@ -79,7 +84,6 @@ private:
     void activate_next();
     void raise(Form& form);
     void give_focus(Control* control);
-    [[nodiscard]] Form* message() const;  ///< on the screen; nullptr: none is
 
     Display& display_;
     std::vector<std::unique_ptr<Form>> forms_;             // loaded ones, from the bottom to the top
@@ -89,6 +93,7 @@ private:
     Size screen_;
     Keyboard keyboard_{*this};
     Mouse mouse_{*this};
+    Ring ring_{*this, mouse_};
     int handlers_ = 0;
 };
 

@@ -43,7 +43,8 @@ public:
     virtual void deactivated() {}  ///< another form of the program has
     virtual void resized() {}      ///< has got its size on the screen, the first time or anew
     virtual void key_down(const KeyEvent&) {}
-    virtual void key_pressed(KeyPress&) {}  ///< comes first with key preview on, never without
+    virtual void key_pressed(KeyPress&) {}                        ///< comes first with key preview on, never without
+    [[nodiscard]] virtual Control* way_out() { return nullptr; }  ///< the button that Escape leads to, if there is one
     /// Puts the form where it belongs. Asked before the load and whenever the screen has changed.
     virtual void place();
 
@@ -62,6 +63,7 @@ public:
 private:
     friend class Control;
     friend class Desktop;
+    friend class Ring;
     friend class Timer;
     void changed(const Rect& part);
     [[nodiscard]] Control* first_to_take_focus() const;
@@ -71,6 +73,7 @@ private:
     std::vector<Control*> controls_;
     std::vector<Timer*> timers_;
     Control* focus_ = nullptr;
+    Control* ring_ = nullptr;  // where the keyboard's ring stood last
     bool visible_ = false;
     bool displayed_ = false;
 };

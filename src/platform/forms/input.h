@@ -16,8 +16,31 @@ class Control;
 class TextBox;
 class Timer;
 
-/// The keys that some form asks for by name; every other key is `Other` and matters only for its character.
-enum class Key : std::uint8_t { Other, D, Enter };
+/// The keys that are asked for by name; every other key is `Other` and matters only for its character.
+enum class Key : std::uint8_t {
+    Other,
+    D,
+    Enter,
+    Space,
+    Tab,
+    Escape,
+    Left,
+    Right,
+    Up,
+    Down,
+    F1,
+    F2,
+    F3,
+    F4,
+    F5,
+    F6,
+    F7,
+    F8,
+    F9,
+    F10,
+    F11,
+    F12
+};
 
 struct KeyEvent {
     Key key = Key::Other;
@@ -66,6 +89,7 @@ struct WheelTurn {
 };
 struct KeyDown {
     Key key = Key::Other;
+    bool shift = false;
     bool alt = false;
     bool control = false;
     bool command = false;    ///< the key of the window system

@@ -23,8 +23,7 @@ Taker Keyboard::field_or_nobody() const {
 Taker Keyboard::handle(const KeyDown& key, std::chrono::milliseconds time) {
     constexpr std::chrono::milliseconds kOneMoment{2};
     Form* form = desktop_.active();
-    const bool repeats =
-        key.repeats || (key.code != 0 && key.code == released_ && time - released_at_ <= kOneMoment);
+    const bool repeats = key.repeats || (key.code != 0 && key.code == released_ && time - released_at_ <= kOneMoment);
     if (!repeats) pressed_on_ = form;
     if (form == nullptr || pressed_on_ != form) return Taker::Nobody;
     const char32_t character = written_by(key);
@@ -32,6 +31,10 @@ Taker Keyboard::handle(const KeyDown& key, std::chrono::milliseconds time) {
     const bool is_command = key.key == Key::D && key.alt;
     if (desktop_.dropped_list() != nullptr && character < U' ' && !is_command) return Taker::Field;
 
+    if (const auto taker = desktop_.ring_.take(key, repeats ? Ring::Stroke::Repeated : Ring::Stroke::Fresh)) {
+        return *taker;
+    }
+    if (character >= U' ') desktop_.ring_.hide();
     if (form->design().key_preview == KeyPreview::Yes) form->key_down({key.key, key.alt});
     if (desktop_.active() != form) return Taker::Nobody;  // the form that the key was for has gone
     auto* list = as<ListBox>(form->focus());

@@ -8,8 +8,8 @@ class Desktop;
 class Form;
 
 /// What a key means: first it goes down for the active form, then its character is for that form and the control with
-/// the focus. What a key that is held down repeats is for the form that it was pressed on, and for no other. Some window
-/// systems tell a repeat as a release and a press at one moment, which no finger can do.
+/// the focus. What a key that is held down repeats is for the form that it was pressed on, and for no other. Some
+/// window systems tell a repeat as a release and a press at one moment, which no finger can do.
 class Keyboard {
 public:
     explicit Keyboard(Desktop& desktop) : desktop_(desktop) {}

@@ -32,6 +32,7 @@ Taker Mouse::handle(const MousePress& press, std::chrono::milliseconds time) {
     taker_ = Taker::Nobody;
     ComboBox* dropped = desktop_.dropped_list();
     Form* form = dropped != nullptr ? &dropped->form() : desktop_.form_at(press.at);
+    desktop_.ring_.hide();
     if (form == nullptr) return taker_;
     const bool repeats = repeats_last(press, time);
     if (repeats && form != last_.form) return taker_;
@@ -42,6 +43,13 @@ Taker Mouse::handle(const MousePress& press, std::chrono::milliseconds time) {
     const bool second = repeats && control == last_.control && press.row && press.row == last_.row;
     last_ = {press.button, press.at, time, time, form, control, second ? std::nullopt : press.row};
     if (dropped != nullptr) return taker_ = Taker::Field;
+    if (is_carrying()) {
+        const PictureBox* carried = drag_->source;
+        const bool put = drop_target(press.at) != nullptr;
+        drop(*drag_->source, press.at);
+        if (put || control == carried) return Taker::Forms;
+        if (!desktop_.is_loaded(*form)) return Taker::Nobody;
+    }
     return begin(press, *form, second);
 }
 
@@ -120,7 +128,10 @@ void Mouse::let_go(Point pointer, std::chrono::milliseconds time) {
     if (taker != Taker::Nobody) last_.released = time;
     if (taker != Taker::Forms) return;
     if (drag_) {
-        drop(*drag_->source, pointer);
+        // Let go where it lies it stays in the hand, for hands that can't hold a button and move.
+        const Control& tile = *drag_->source;
+        drag_->carried = tile.Visible && tile.Enabled && tile.bounds().contains(on(tile.form(), pointer));
+        if (!drag_->carried) drop(*drag_->source, pointer);
         return;
     }
     Control* control = std::exchange(captured_, nullptr);
@@ -137,11 +148,65 @@ void Mouse::forget(const Form& form) {
     if (drag_ && &drag_->source->form() == &form) end_drag();
 }
 
-PictureBox* Mouse::drop_target(Point pointer) const {
+void Mouse::press_by_key(Control& control) {
+    if (held_ != MouseButton::None) return;
+    Form& form = control.form();
+    desktop_.activate(form);
+    if (!desktop_.is_loaded(form)) return;
+    captured_ = &control;
+    if (control.takes_focus()) desktop_.give_focus(&control);
+    run(control.on_mouse_down);
+    if (std::exchange(captured_, nullptr) == nullptr) return;  // its form has gone
+    run(control.on_mouse_up);
+    if (desktop_.is_loaded(form)) run(control.on_click);
+}
+
+void Mouse::take_up(PictureBox& tile) {
+    const Point centre = tile.bounds().centre();
+    drag_ = Drag{&tile, {tile.form().Left + centre.x, tile.form().Top + centre.y}, true};
+    desktop_.rearranged();
+}
+
+void Mouse::carry_to(Point pointer) {
+    drag_->pointer = pointer;
+    drag_to(pointer);
+}
+
+void Mouse::put_down() { drop(*drag_->source, drag_->pointer); }
+
+void Mouse::put_back() {
+    PictureBox* left = under_drag_;
+    end_drag();
+    if (left != nullptr && left->on_drag_over) left->on_drag_over(DragState::Leave);
+}
+
+PictureBox* Mouse::key_under(Point pointer) const {
     const Form* form = desktop_.form_at(pointer);
     if (form == nullptr) return nullptr;
     auto* target = as<PictureBox>(form->control_at(on(*form, pointer)));
     return target != nullptr && target->on_drag_drop ? target : nullptr;
+}
+
+PictureBox* Mouse::drop_target(Point pointer) const {
+    PictureBox* target = key_under(pointer);
+    if (target != nullptr) return target;
+    const Form* form = desktop_.form_at(pointer);
+    if (form == nullptr) return nullptr;
+    const Point at = on(*form, pointer);
+    const auto beside = [](Twips first, Twips last, Twips p) {
+        return p < first ? first - p : p > last ? p - last : 0;
+    };
+    Twips nearest = kNearMiss + 1;
+    for (Control* control : form->controls()) {
+        const Rect bounds = control->bounds();
+        const Twips away =
+            std::max(beside(bounds.left, bounds.right() - 1, at.x), beside(bounds.top, bounds.bottom() - 1, at.y));
+        auto* key = as<PictureBox>(control);
+        if (away > nearest || key == nullptr || !key->on_drag_drop || !key->Visible || !key->Enabled) continue;
+        target = away == nearest ? nullptr : key;  // as near to two keys as can be: neither was meant
+        nearest = away;
+    }
+    return target;
 }
 
 void Mouse::drag_to(Point pointer) {

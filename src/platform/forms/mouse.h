@@ -11,7 +11,8 @@ class Form;
 class PictureBox;
 
 /// What a press, a move, a release and the wheel mean: which control hears of it, double clicks, and the drag of a
-/// tile.
+/// tile. A tile is dragged with the button held; or it is pressed where it lies, stays in the hand, and goes where the
+/// next press is.
 ///
 /// The first button that goes down counts until it is up again; others go nowhere meanwhile. A press that comes soon
 /// after another one in the same place belongs to the form of the first: under the button that was meant may by now lie
@@ -21,10 +22,13 @@ public:
     /// A six-year-old's double click is slow, and the hand moves in between.
     static constexpr std::chrono::milliseconds kDoubleClickTime{1000};
     static constexpr Twips kDoubleClickDistance = 20 * kTwipsPerPixel;  ///< on each axis
+    /// A drop so near to a key, on each axis, and nearer to it than to any other, counts for it.
+    static constexpr Twips kNearMiss = 6 * kTwipsPerPixel;
 
     struct Drag {
         PictureBox* source = nullptr;
         Point pointer;
+        bool carried = false;  ///< with no button held
     };
 
     explicit Mouse(Desktop& desktop) : desktop_(desktop) {}
@@ -33,6 +37,14 @@ public:
     Taker handle(const MouseMove& move, std::chrono::milliseconds time);
     Taker handle(const MouseRelease& release, std::chrono::milliseconds time);
     Taker handle(const WheelTurn& turn);
+
+    // What keys do in place of a mouse.
+    void press_by_key(Control& control);  ///< down and up in its middle
+    void take_up(PictureBox& tile);       ///< it is carried until it is put down, or back, or dropped by a press
+    void carry_to(Point pointer);
+    void put_down();  ///< where it is carried now
+    void put_back();
+    [[nodiscard]] bool is_carrying() const { return drag_ && drag_->carried; }
     /// Nothing of the form may be touched any more.
     void forget(const Form& form);
 
@@ -52,6 +64,7 @@ private:
     [[nodiscard]] Taker begin(const MousePress& press, Form& form, bool second);
     [[nodiscard]] Taker press_field(const MousePress& press, Control& field, bool second);
     void let_go(Point pointer, std::chrono::milliseconds time);
+    [[nodiscard]] PictureBox* key_under(Point pointer) const;
     [[nodiscard]] PictureBox* drop_target(Point pointer) const;
     void drag_to(Point pointer);
     void drop(PictureBox& source, Point pointer);

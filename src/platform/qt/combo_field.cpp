@@ -1,6 +1,7 @@
 #include "platform/qt/combo_field.h"
 
 #include <QAbstractItemView>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QPainterPath>
 #include <algorithm>
@@ -73,6 +74,14 @@ void ComboField::paintEvent(QPaintEvent*) {
     painter.setPen(palette().color(QPalette::Text));
     painter.drawText(text, static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter) | Qt::TextSingleLine,
                      fontMetrics().elidedText(shown_, Qt::ElideRight, text.width()));
+}
+
+void ComboField::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        showPopup();
+    } else {
+        QComboBox::keyPressEvent(event);
+    }
 }
 
 bool ComboField::eventFilter(QObject* watched, QEvent* event) {

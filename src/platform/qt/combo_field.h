@@ -22,6 +22,7 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     [[nodiscard]] bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:

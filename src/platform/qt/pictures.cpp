@@ -2,9 +2,10 @@
 
 #include <QImageReader>
 #include <QPainter>
-#include <QSvgRenderer>
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <cstdlib>
 
 #include "platform/qt/fitted_text.h"
 #include "platform/qt/house_style.h"
@@ -16,6 +17,11 @@ namespace {
 constexpr double kMetresPerInch = 0.0254;
 constexpr double kTwipsPerInch = 1440;
 constexpr int kDesignPerMetre = 3780;
+// The folders of artwork are called by the height in pixels of the screen that they were drawn for.
+constexpr std::array kDrawnFor{"768", "1080", "2160"};
+constexpr const char* kArtworkFormat = "png";
+
+QString to_qt(const std::filesystem::path& path) { return QString::fromStdU16String(path.u16string()); }
 
 QString base_name(const std::string& path) {
     const QString name = QString::fromStdString(path).section(u'\\', -1);
@@ -34,6 +40,18 @@ int part(int pixels, int shown, int whole) {
     return static_cast<int>(std::ceil(static_cast<double>(pixels) * shown / whole));
 }
 
+// Edges are rounded to whole pixels where they stand, so a size may be one pixel off; to stretch a picture by that
+// pixel would blur all of it.
+bool fits(QSize drawn, QSize shown) {
+    return std::abs(drawn.width() - shown.width()) <= 1 && std::abs(drawn.height() - shown.height()) <= 1;
+}
+
+// A little smaller than it was drawn, a picture is blurred.
+bool stays_sharp(QSize drawn, QSize shown) {
+    constexpr double kLeast = 1.25;
+    return drawn.width() >= kLeast * shown.width() && drawn.height() >= kLeast * shown.height();
+}
+
 QPixmap empty(QSize size) {
     QPixmap pixmap(size);
     pixmap.fill(Qt::transparent);
@@ -42,32 +60,17 @@ QPixmap empty(QSize size) {
 
 }  // namespace
 
+QImage read_as(const char* format, const std::filesystem::path& file) {
+    QImageReader reader(to_qt(file), format);
+    reader.setAutoDetectImageFormat(false);
+    return reader.read();
+}
+
 QPixmap Pictures::render(const Picture& picture, Stretch stretch, QSize bounds, const Scale& scale) const {
     if (picture.source() == Picture::Source::None || bounds.isEmpty()) return {};
-    return picture.source() == Picture::Source::Artwork ? artwork(picture.name(), stretch, bounds, scale)
-                                                        : file(picture.name(), stretch, bounds, scale);
-}
-
-QPixmap Pictures::artwork(const std::string& name, Stretch stretch, QSize bounds, const Scale& scale) const {
-    QSvgRenderer drawing(QStringLiteral(":/artwork/%1.svg").arg(QString::fromStdString(name)));
-    if (!drawing.isValid()) return letters(QString::fromStdString(name), bounds);
-    const QSize design = drawing.defaultSize();
-    const QSize size = stretch == Stretch::Yes
-                           ? bounds
-                           : QSize(scale.device_pixels(design.width()), scale.device_pixels(design.height()));
-    QPixmap pixmap = empty(size.boundedTo(bounds));
-    QPainter painter(&pixmap);
-    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
-    drawing.render(&painter, QRectF(QPointF(), size));
-    return pixmap;
-}
-
-QPixmap Pictures::file(const std::string& path, Stretch stretch, QSize bounds, const Scale& scale) const {
-    QImage image;
-    if (const auto found = files_.find(path)) {
-        image = QImageReader(QString::fromStdU16String(found->u16string())).read();
-    }
-    if (image.isNull()) return letters(base_name(path), bounds);
+    const bool is_artwork = picture.source() == Picture::Source::Artwork;
+    QImage image = is_artwork ? artwork(picture.name(), bounds) : file(picture.name());
+    if (image.isNull()) return letters(base_name(picture.name()), bounds);
     const QSize size = stretch == Stretch::Yes ? bounds
                                                : QSize(natural(image.width(), image.dotsPerMeterX(), scale),
                                                        natural(image.height(), image.dotsPerMeterY(), scale));
@@ -76,8 +79,32 @@ QPixmap Pictures::file(const std::string& path, Stretch stretch, QSize bounds, c
         image = image.copy(0, 0, part(image.width(), shown.width(), size.width()),
                            part(image.height(), shown.height(), size.height()));
     }
-    if (image.size() != shown) image = image.scaled(shown, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    if (image.size() != shown && !(is_artwork && fits(image.size(), shown))) {
+        image = image.scaled(shown, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    }
     return QPixmap::fromImage(std::move(image));
+}
+
+QImage Pictures::artwork(const std::string& name, QSize bounds) const {
+    for (const char* height : kDrawnFor) {
+        const auto found = files_.find(files_.program_folder() + "\\Artwork\\" + height + "\\" + name + ".png");
+        if (!found) continue;
+        QImageReader reader(to_qt(*found), kArtworkFormat);
+        reader.setAutoDetectImageFormat(false);
+        const QSize drawn = reader.size();
+        if (height != kDrawnFor.back() && !fits(drawn, bounds) && !stays_sharp(drawn, bounds)) continue;
+        QImage image = reader.read();
+        if (!image.isNull()) return image;
+    }
+    return {};
+}
+
+QImage Pictures::file(const std::string& path) const {
+    const auto found = files_.find(path);
+    if (!found) return {};
+    QImage image = read_as("bmp", *found);
+    if (!image.isNull()) return image;
+    return QImageReader(to_qt(*found)).read();  // whatever a teacher has put there
 }
 
 QPixmap Pictures::letters(const QString& base_name, QSize bounds) const {

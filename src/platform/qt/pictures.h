@@ -3,6 +3,8 @@
 #include <QImage>
 #include <QPixmap>
 #include <QSize>
+#include <filesystem>
+#include <string>
 
 #include "platform/files.h"
 #include "platform/forms/controls.h"
@@ -11,8 +13,12 @@
 
 namespace marrowfen {
 
+/// Null when it can't be read as that. A reader that may guess the format loads a library for each one there is.
+[[nodiscard]] QImage read_as(const char* format, const std::filesystem::path& file);
+
 /// Reads a picture, anew each time, and brings it to the size that it has on the screen. One that can't be read comes
-/// out as its base name in letters.
+/// out as its base name in letters. The program's own pictures were drawn in several sizes when it was built: the one
+/// that fits the screen is shown as it is, and where none does a larger one is scaled down.
 class Pictures {
 public:
     Pictures(const Files& files, const Typefaces& faces) : files_(files), faces_(faces) {}
@@ -22,8 +28,8 @@ public:
     [[nodiscard]] QPixmap render(const Picture& picture, Stretch stretch, QSize bounds, const Scale& scale) const;
 
 private:
-    [[nodiscard]] QPixmap artwork(const std::string& name, Stretch stretch, QSize bounds, const Scale& scale) const;
-    [[nodiscard]] QPixmap file(const std::string& path, Stretch stretch, QSize bounds, const Scale& scale) const;
+    [[nodiscard]] QImage artwork(const std::string& name, QSize bounds) const;
+    [[nodiscard]] QImage file(const std::string& path) const;
     [[nodiscard]] QPixmap letters(const QString& base_name, QSize bounds) const;
 
     const Files& files_;

@@ -25,7 +25,11 @@ Qt::CursorShape cursor_over(Control* control) {
 
 }  // namespace
 
-QtDisplay::QtDisplay(const Files& files) : surroundings_(files), drag_view_(surroundings_, &window_) {
+QtDisplay::QtDisplay(const Files& files)
+    : surroundings_(files),
+      window_(files),
+      ring_view_(surroundings_.scale, &window_),
+      drag_view_(surroundings_, &window_) {
     QApplication::setQuitOnLastWindowClosed(false);
     scale_to(window_.screen()->size());
     catch_up_.setSingleShot(true);
@@ -96,6 +100,7 @@ void QtDisplay::sync() {
     if (!window_.isVisible() && !desktop_->visible_forms().empty()) window_.fill_screen();
     sync_views();
     sync_focus();
+    ring_view_.stand_round(desktop_->ring().at());
     drag_view_.follow(desktop_->drag());
     show_cursor();
 }
@@ -121,6 +126,7 @@ void QtDisplay::sync_views() {
     if (in_order == views_) return;
     views_ = std::move(in_order);
     for (FormView* view : views_) view->raise();
+    ring_view_.raise();
     drag_view_.raise();
 }
 

@@ -11,6 +11,7 @@
 #include "platform/qt/drag_view.h"
 #include "platform/qt/events.h"
 #include "platform/qt/form_view.h"
+#include "platform/qt/ring_view.h"
 #include "platform/qt/surroundings.h"
 #include "platform/qt/window.h"
 
@@ -20,8 +21,8 @@ class Desktop;
 class Translator;
 
 /// The real screen: one frameless window that fills it, in which the forms are surfaces: one view for each visible
-/// form, in the forms' order, and the tile that is being dragged. Whatever happens on the desktop is caught up with
-/// once, when the running handlers are done.
+/// form, in the forms' order, the keyboard's ring, and the tile that is being dragged. Whatever happens on the desktop
+/// is caught up with once, when the running handlers are done.
 class QtDisplay final : public Display {
 public:
     /// The toolkit runs, and outlives the display.
@@ -63,6 +64,7 @@ private:
     Surroundings surroundings_;
     Size shown_ = Scale::kDesign;
     Window window_;
+    RingView ring_view_;
     DragView drag_view_;
     const Desktop* desktop_ = nullptr;
     std::optional<Events> events_;

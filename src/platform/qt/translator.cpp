@@ -14,12 +14,31 @@ namespace marrowfen {
 namespace {
 
 Key to_key(const QKeyEvent& event) {
-    switch (event.key()) {
+    const int key = event.key();
+    if (key >= Qt::Key_F1 && key <= Qt::Key_F12) {
+        return static_cast<Key>(static_cast<int>(Key::F1) + key - static_cast<int>(Qt::Key_F1));
+    }
+    switch (key) {
         case Qt::Key_D:
             return Key::D;
         case Qt::Key_Return:
         case Qt::Key_Enter:
             return Key::Enter;
+        case Qt::Key_Space:
+            return Key::Space;
+        case Qt::Key_Tab:
+        case Qt::Key_Backtab:  // with Shift
+            return Key::Tab;
+        case Qt::Key_Escape:
+            return Key::Escape;
+        case Qt::Key_Left:
+            return Key::Left;
+        case Qt::Key_Right:
+            return Key::Right;
+        case Qt::Key_Up:
+            return Key::Up;
+        case Qt::Key_Down:
+            return Key::Down;
         default:
             return Key::Other;
     }
@@ -118,6 +137,7 @@ Taker Translator::told(const QKeyEvent& event) {
         return events_.tell(KeyUp{to_key(event), alt, event.isAutoRepeat(), event.nativeScanCode()}, event);
     }
     return events_.tell(KeyDown{.key = to_key(event),
+                                .shift = held.testFlag(Qt::ShiftModifier),
                                 .alt = alt,
                                 .control = held.testFlag(Qt::ControlModifier),
                                 .command = held.testFlag(Qt::MetaModifier),

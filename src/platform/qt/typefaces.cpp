@@ -1,7 +1,9 @@
 #include "platform/qt/typefaces.h"
 
-#include <QDir>
 #include <QFontDatabase>
+#include <QStringList>
+#include <filesystem>
+#include <system_error>
 
 namespace marrowfen {
 
@@ -10,9 +12,12 @@ namespace {
 void load_fonts(const Files& files) {
     const auto folder = files.find(files.program_folder() + "\\Fonts");
     if (!folder) return;
-    const QDir fonts(QString::fromStdU16String(folder->u16string()));
-    for (const QString& name : fonts.entryList({"*.ttf", "*.otf"}, QDir::Files)) {
-        QFontDatabase::addApplicationFont(fonts.filePath(name));
+    std::error_code error;
+    for (std::filesystem::directory_iterator entry(*folder, error), end; !error && entry != end;
+         entry.increment(error)) {
+        const auto kind = entry->path().extension();
+        if (kind != ".ttf" && kind != ".otf") continue;
+        QFontDatabase::addApplicationFont(QString::fromStdU16String(entry->path().u16string()));
     }
 }
 

@@ -3,35 +3,31 @@
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QIcon>
-#include <QPainter>
 #include <QScreen>
-#include <QSvgRenderer>
 #include <QWindow>
+#include <array>
+#include <string>
+
+#include "platform/qt/pictures.h"
 
 namespace marrowfen {
 
 namespace {
 
-QIcon program_icon() {
+constexpr std::array kIconSizes{16, 32, 48, 128};
+
+QIcon program_icon(const Files& files) {
     QIcon icon;
-    for (const int size : {16, 32, 48, 256}) {
-        // Its M would be an H at the smallest size, which has a drawing of its own.
-        QSvgRenderer drawing(size == 16 ? QStringLiteral(":/artwork/icon-small.svg")
-                                        : QStringLiteral(":/artwork/icon.svg"));
-        if (!drawing.isValid()) continue;
-        QPixmap pixmap(size, size);
-        pixmap.fill(Qt::transparent);
-        QPainter painter(&pixmap);
-        drawing.render(&painter);
-        painter.end();
-        icon.addPixmap(pixmap);
+    for (const int size : kIconSizes) {
+        const auto file = files.find(files.program_folder() + "\\Artwork\\Icon\\" + std::to_string(size) + ".png");
+        if (file) icon.addPixmap(QPixmap::fromImage(read_as("png", *file)));
     }
     return icon;
 }
 
 }  // namespace
 
-Window::Window() {
+Window::Window(const Files& files) : files_(files) {
     setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
     setWindowTitle(QStringLiteral("Marrowfen"));
     QPalette yellow;
@@ -47,7 +43,7 @@ void Window::fill_screen() {
         if (on_resized) on_resized();
     });
     showFullScreen();
-    setWindowIcon(program_icon());  // while the window system opens the window
+    setWindowIcon(program_icon(files_));  // while the window system opens the window
 }
 
 // A window manager keeps a full-screen window in the size of its screen; where there is none we do. A Wayland client

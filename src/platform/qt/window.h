@@ -3,13 +3,15 @@
 #include <QWidget>
 #include <functional>
 
+#include "platform/files.h"
+
 namespace marrowfen {
 
 /// The one window of the program. What happens in it is the forms' business; this one only tells that it has another
 /// size, or that somebody wants to close it.
 class Window final : public QWidget {
 public:
-    Window();
+    explicit Window(const Files& files);
     void fill_screen();
 
     std::function<void()> on_resized;
@@ -22,6 +24,8 @@ protected:
 
 private:
     void follow_screen();
+
+    const Files& files_;
     QMetaObject::Connection following_;
 };
 

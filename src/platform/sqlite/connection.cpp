@@ -4,9 +4,10 @@
 
 #include <new>
 
-#include "platform/sqlite/folding.h"
+#include "platform/sqlite/inspection.h"
 #include "platform/sqlite/query_text.h"
 #include "platform/sqlite/reasons.h"
+#include "platform/text/folding.h"
 
 namespace marrowfen {
 
@@ -25,16 +26,31 @@ void fold_value(sqlite3_context* context, int /*count*/, sqlite3_value** values)
     }
 }
 
+int flags_of(Connection::Mode mode) {
+    switch (mode) {
+        case Connection::Mode::ReadOnly:
+            return SQLITE_OPEN_READONLY;
+        case Connection::Mode::Existing:
+            return SQLITE_OPEN_READWRITE;
+        case Connection::Mode::Create:
+            return SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
+    }
+    return 0;
+}
+
 }  // namespace
 
-Connection::Connection(const std::filesystem::path& file, Mode mode, std::chrono::milliseconds busy_timeout) {
+Connection::Connection(const std::filesystem::path& file, Mode mode, std::shared_ptr<Patience> patience)
+    : patience_(std::move(patience)) {
     const std::u8string path = file.u8string();
-    const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_EXRESCODE | (mode == Mode::Create ? SQLITE_OPEN_CREATE : 0);
+    const int flags = SQLITE_OPEN_EXRESCODE | flags_of(mode);
     if (sqlite3_open_v2(reinterpret_cast<const char*>(path.c_str()), &handle_, flags, nullptr) != SQLITE_OK) {
         open_failure_ = failure_of(handle_);
         return;
     }
-    sqlite3_busy_timeout(handle_, static_cast<int>(busy_timeout.count()));
+    sqlite3_busy_handler(
+        handle_, [](void* waiting, int /*times*/) { return static_cast<Patience*>(waiting)->wait() ? 1 : 0; },
+        patience_.get());
     if (sqlite3_create_function_v2(handle_, kFoldFunction, 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_DIRECTONLY,
                                    nullptr, fold_value, nullptr, nullptr, nullptr) != SQLITE_OK) {
         open_failure_ = failure_of(handle_);
@@ -45,11 +61,22 @@ Connection::~Connection() { sqlite3_close_v2(handle_); }
 
 bool Connection::read_only() const { return sqlite3_db_readonly(handle_, "main") != 0; }
 
-// A write-ahead log does not work on a folder that several computers share. FULL: what was saved stays saved when
-// somebody pulls the plug.
+// A write-ahead log does not work on a folder that several computers share. EXTRA: what was saved stays saved when
+// somebody pulls the plug. Anything less leaves it to the disk when it takes the journal out of its folder, and a
+// journal that comes back takes back the result that was on show already.
 std::optional<StoreFailure> Connection::prepare_to_write() {
-    if (auto failure = run("PRAGMA synchronous = FULL")) return failure;
+    if (auto failure = run("PRAGMA synchronous = EXTRA")) return failure;
     return run("PRAGMA journal_mode = DELETE");
+}
+
+void Connection::set_inspection(std::shared_ptr<Inspection> inspection) { inspection_ = std::move(inspection); }
+
+std::optional<StoreFailure> Connection::write_refusal() {
+    return inspection_ ? inspection_->verdict(*this) : std::nullopt;
+}
+
+void Connection::note_damage(const StoreFailure& damage) {
+    if (inspection_) inspection_->condemn(damage);
 }
 
 std::optional<StoreFailure> Connection::run(const std::string& sql) {

@@ -3,7 +3,7 @@
 #include <charconv>
 
 #include "platform/letter_case.h"
-#include "platform/sqlite/folding.h"
+#include "platform/text/folding.h"
 
 namespace marrowfen {
 

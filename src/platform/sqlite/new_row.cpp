@@ -3,9 +3,9 @@
 #include <string>
 
 #include "platform/letter_case.h"
-#include "platform/sqlite/folding.h"
 #include "platform/sqlite/query_text.h"
 #include "platform/sqlite/statement.h"
+#include "platform/text/folding.h"
 
 namespace marrowfen {
 
@@ -26,6 +26,7 @@ NewRow::NewRow(std::shared_ptr<Connection> connection, const Source& source)
 
 std::optional<StoreFailure> NewRow::begin() {
     if (source_->kind != SourceKind::Lasting) return StoreFailure{"no rows can be added to " + source_->name};
+    if (auto refusal = connection_->write_refusal()) return refusal;
     return source_->numbered.empty() ? std::nullopt : reserve_number();
 }
 

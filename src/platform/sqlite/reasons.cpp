@@ -44,7 +44,7 @@ StoreFailure failure_of(sqlite3* connection) {
     if (connection == nullptr) throw std::bad_alloc();  // the one reason for which no connection is made at all
     const int code = sqlite3_extended_errcode(connection);
     const std::string message = sqlite3_errmsg(connection);
-    if (code == SQLITE_READONLY_DIRECTORY) return {"nothing can be written in its folder"};
+    if (code == SQLITE_READONLY_DIRECTORY) return {"nothing can be written in its folder", Trouble::NotWritable};
     if (code == SQLITE_READONLY_DBMOVED) return {"the file was moved or removed while it was in use"};
     constexpr int kPrimary = 0xFF;
     switch (code & kPrimary) {
@@ -52,21 +52,22 @@ StoreFailure failure_of(sqlite3* connection) {
             throw std::bad_alloc();
         case SQLITE_BUSY:
         case SQLITE_LOCKED:
-            return {"another computer is using it"};
+            return {"another computer is using it", Trouble::Busy};
         case SQLITE_FULL:
             return {"the disk is full"};
         case SQLITE_READONLY:
-            return {"the file is read-only"};
+            return {"the file is read-only", Trouble::NotWritable};
         case SQLITE_CORRUPT:
-            return {"the file is damaged"};
+            return {"the file is damaged", Trouble::Damaged};
         case SQLITE_NOTADB:
-            return {"the file is not a data store of this program, or is damaged"};
+            return {"the file is not a data store of this program, or is damaged", Trouble::Damaged};
         case SQLITE_IOERR:
+            if (code == SQLITE_IOERR_SHORT_READ) return {"the file is damaged", Trouble::Damaged};
             return {"the disk or the network drive does not answer as it should"};
         case SQLITE_PERM:
         case SQLITE_AUTH:
         case SQLITE_CANTOPEN:
-            return {"this user account may not open the file or its folder"};
+            return {"this user account may not open the file or its folder", Trouble::NotWritable};
         case SQLITE_TOOBIG:
             return {"the text is too long"};
         case SQLITE_CONSTRAINT:

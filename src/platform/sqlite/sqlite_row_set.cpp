@@ -98,6 +98,7 @@ std::optional<StoreFailure> SqliteRowSet::delete_row() {
     if (row == nullptr || source_.kind != SourceKind::Lasting) {
         return StoreFailure{"there is no row here that can be removed"};
     }
+    if (auto refusal = connection_->write_refusal()) return refusal;
     Statement statement(*connection_, delete_text(source_));
     statement.bind(row->rowid);
     if (statement.step() == Statement::Step::Failed) return statement.failure();

@@ -71,6 +71,7 @@ void Statement::note(int result) {
     if (failed_ || result == SQLITE_OK || result == SQLITE_ROW || result == SQLITE_DONE) return;
     failed_ = true;
     failure_ = failure_of(connection_.handle());
+    if (failure_.trouble == Trouble::Damaged) connection_.note_damage(failure_);
 }
 
 void Statement::bind(const Value& value) {

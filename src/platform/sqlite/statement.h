@@ -26,12 +26,12 @@ public:
     [[nodiscard]] StoreFailure failure() const { return failure_; }
 
     [[nodiscard]] std::int64_t whole(int column) const;
+    [[nodiscard]] std::string text(int column) const;  ///< not Null
     /// A date or time that is not written in the ISO form comes as the text that it is.
     [[nodiscard]] Value value(int column, FieldType type) const;
 
 private:
     void note(int result);
-    [[nodiscard]] std::string text(int column) const;
 
     Connection& connection_;
     sqlite3_stmt* handle_ = nullptr;

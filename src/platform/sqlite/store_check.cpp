@@ -1,10 +1,16 @@
 #include "platform/sqlite/store_check.h"
 
 #include <fcntl.h>
+#include <sqlite3.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <set>
+#include <string_view>
 #include <system_error>
 
+#include "platform/sqlite/file_head.h"
+#include "platform/sqlite/journal.h"
 #include "platform/sqlite/query_text.h"
 #include "platform/sqlite/statement.h"
 
@@ -12,34 +18,79 @@ namespace marrowfen {
 
 namespace {
 
+const StoreFailure kDamaged{"the file is damaged", Trouble::Damaged};
+const StoreFailure kForeign{"it is not a data store of this program", Trouble::Foreign};
+
 // Permission bits alone would not tell of a read-only drive or of rights given in other ways.
 bool can_write(const std::filesystem::path& path) { return faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0; }
+
+std::optional<StoreFailure> damage_in(std::string_view part, const StoreFailure& failure) {
+    return StoreFailure{"its part " + std::string(part) + " can't be read: " + failure.reason, failure.trouble};
+}
 
 }  // namespace
 
 std::optional<StoreFailure> check_place(const std::filesystem::path& file) {
     std::error_code error;
     const auto status = std::filesystem::status(file, error);
-    if (status.type() == std::filesystem::file_type::not_found) return StoreFailure{"there is no such file"};
-    if (std::filesystem::is_directory(status)) return StoreFailure{"a folder has this name"};
-    if (!std::filesystem::is_regular_file(status)) return StoreFailure{"this is not a file with data"};
+    if (status.type() == std::filesystem::file_type::not_found) {
+        return StoreFailure{"there is no such file", Trouble::Missing};
+    }
+    if (std::filesystem::is_directory(status)) return StoreFailure{"a folder has this name", Trouble::Foreign};
+    if (!std::filesystem::is_regular_file(status)) {
+        return StoreFailure{"this is not a file with data", Trouble::Foreign};
+    }
     // A write needs a second file beside the first for a moment, so the folder counts as well. A link may lead
     // elsewhere.
     const auto real_file = std::filesystem::canonical(file, error);
-    if (error || !can_write(real_file)) return StoreFailure{"the file is read-only for this user account"};
-    if (!can_write(real_file.parent_path())) return StoreFailure{"its folder is read-only for this user account"};
+    if (error || !can_write(real_file)) {
+        return StoreFailure{"the file is read-only for this user account", Trouble::NotWritable};
+    }
+    if (!can_write(real_file.parent_path())) {
+        return StoreFailure{"its folder is read-only for this user account", Trouble::NotWritable};
+    }
+    return std::nullopt;
+}
+
+// The file is read through the library: to open and close it beside the library would let go of the library's locks.
+std::optional<StoreFailure> check_head(Connection& connection, const std::filesystem::path& file) {
+    sqlite3_file* open_file = nullptr;
+    FileHead head{};
+    if (sqlite3_file_control(connection.handle(), "main", SQLITE_FCNTL_FILE_POINTER, static_cast<void*>(&open_file)) !=
+            SQLITE_OK ||
+        open_file == nullptr || open_file->pMethods == nullptr) {
+        return kDamaged;
+    }
+    const int read = open_file->pMethods->xRead(open_file, head.data(), static_cast<int>(head.size()), 0);
+    if (read == SQLITE_IOERR_SHORT_READ) return kForeign;
+    if (read != SQLITE_OK) return StoreFailure{"the disk or the network drive does not answer as it should"};
+    constexpr std::string_view kMagic("SQLite format 3\0", 16);
+    if (!std::equal(kMagic.begin(), kMagic.end(), head.begin(), [](char a, unsigned char b) {
+            return static_cast<unsigned char>(a) == b;
+        })) {
+        return StoreFailure{"the file is not a data store of this program, or is damaged", Trouble::Damaged};
+    }
+    // A file that claims to be written with a log would have it played back, so both its bytes must say so.
+    constexpr std::size_t kWriteVersionAt = 18;
+    constexpr unsigned char kHighestVersion = 2;
+    const unsigned char version = head[kWriteVersionAt];
+    if (version == 0 || version > kHighestVersion || version != head[kWriteVersionAt + 1]) return kDamaged;
+    if (!journal_belongs(file, number_at(head, kChangesAt))) {
+        return StoreFailure{"beside it lies the journal of another file, which would spoil it", Trouble::Damaged};
+    }
     return std::nullopt;
 }
 
 std::optional<StoreFailure> check_identity(Connection& connection) {
-    const StoreFailure foreign{"it is not a data store of this program"};
     Statement id(connection, "PRAGMA application_id");
     if (id.step() != Statement::Step::Row) return id.failure();
-    if (id.whole(0) != kApplicationId) return foreign;
+    if (id.whole(0) != kApplicationId) return kForeign;
     Statement version(connection, "PRAGMA user_version");
     if (version.step() != Statement::Step::Row) return version.failure();
-    if (version.whole(0) > kSchemaVersion) return StoreFailure{"it was made by a newer version of this program"};
-    if (version.whole(0) < 1) return foreign;
+    if (version.whole(0) > kSchemaVersion) {
+        return StoreFailure{"it was made by a newer version of this program", Trouble::Newer};
+    }
+    if (version.whole(0) < 1) return kForeign;
     return std::nullopt;
 }
 
@@ -48,12 +99,49 @@ std::optional<StoreFailure> check_tables(Connection& connection) {
         Statement statement(connection, select_text(source, Criterion{}));
         statement.bind(std::int64_t{1});
         statement.bind(std::int64_t{0});
-        if (statement.step() == Statement::Step::Failed) {
-            const std::string reason = statement.failure().reason;
-            return StoreFailure{"its part " + source.name + " can't be read: " + reason};
+        if (statement.step() == Statement::Step::Failed) return damage_in(source.name, statement.failure());
+    }
+    return std::nullopt;
+}
+
+std::optional<StoreFailure> check_structure(Connection& connection) {
+    std::set<std::string> found;
+    Statement statement(connection, "SELECT sql FROM sqlite_schema WHERE sql IS NOT NULL");
+    auto step = statement.step();
+    for (; step == Statement::Step::Row; step = statement.step()) found.insert(statement.text(0));
+    if (step == Statement::Step::Failed) return statement.failure();
+    for (const Source& source : sources()) {
+        for (std::string wanted : creation_of(source)) {
+            if (!wanted.starts_with("CREATE")) continue;
+            constexpr std::string_view kUnlessThere = "IF NOT EXISTS ";  // which the library does not keep
+            if (const auto at = wanted.find(kUnlessThere); at != std::string::npos) wanted.erase(at, kUnlessThere.size());
+            if (found.contains(wanted)) continue;
+            return StoreFailure{"its part " + source.name + " is damaged, or of another version of this program",
+                                Trouble::Damaged};
         }
     }
     return std::nullopt;
+}
+
+std::optional<StoreFailure> check_integrity(Connection& connection) {
+    Statement whole(connection, "PRAGMA integrity_check(1)");
+    if (whole.step() != Statement::Step::Row) return whole.failure();
+    if (whole.text(0) != "ok") return kDamaged;
+    // The highest number that a pupil ever had stands in no index.
+    Statement numbers(connection,
+                      "SELECT count(*) FROM sqlite_sequence WHERE name = 'Pupils' AND (typeof(seq) <> 'integer' OR seq "
+                      "NOT BETWEEN ifnull((SELECT max(Pupil_ID) FROM Pupils), 0) AND 32767)");
+    if (numbers.step() != Statement::Step::Row) return numbers.failure();
+    return numbers.whole(0) == 0 ? std::nullopt : std::optional(kDamaged);
+}
+
+std::optional<StoreFailure> check_copy(const std::filesystem::path& file) {
+    Connection connection(file, Connection::Mode::ReadOnly, std::chrono::seconds(1));
+    auto failure = connection.open_failure();
+    if (!failure) failure = check_head(connection, file);
+    if (!failure) failure = check_identity(connection);
+    if (!failure) failure = check_tables(connection);
+    return failure ? failure : check_integrity(connection);
 }
 
 }  // namespace marrowfen
