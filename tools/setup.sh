@@ -7,6 +7,7 @@ build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev qt6-wa
 test_packages=(libgtest-dev xvfb xauth xdotool sqlite3 clang-format)
 fuzz_packages=(clang-16 libclang-rt-16-dev)  # only for tools/trials fuzz
 bench_packages=(libbenchmark-dev libx11-dev libxtst-dev libxdamage-dev valgrind)
+package_packages=(git dpkg-dev debhelper fakeroot lintian desktop-file-utils appstream librsvg2-bin help2man file)  # only for tools/package
 
 
 # progress TEXT: shows the last line of the input that says how far it is, as "TEXT: 42 %". A person sees it change in
@@ -44,7 +45,7 @@ install_missing() {
     log=$(mktemp)
     if ! { "${as_root[@]}" apt-get update &&
            "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends \
-               -o APT::Status-Fd=1 "${missing[@]}"; } 2>&1 | apt_percent "$log" | progress "Installing"; then
+               -o APT::Status-Fd=1 -o DPkg::Lock::Timeout=300 "${missing[@]}"; } 2>&1 | apt_percent "$log" | progress "Installing"; then
         tail -n 20 "$log" >&2
         echo "The installation failed; its whole log is $log." >&2
         exit 1

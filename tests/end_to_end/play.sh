@@ -1,31 +1,47 @@
 #!/usr/bin/env bash
 # Plays the real program on a virtual screen of 1024 x 768 with real key and mouse events, and reads what it kept. Then
 # the run is played again from its recording, on the same screen, and must come to the same end.
-# Usage: play.sh PROGRAM_FOLDER SCENE, with a scene of those at the end of this file.
+# Usage: play.sh PROGRAM_FOLDER SCENE, with a scene of those at the end of this file; or
+#        play.sh STORE SCENE COMMAND..., which starts the installed program by its command and reads its own store.
+# SCREEN is the size of the virtual screen, 1024x768 unless told. BESIDE is a command that is started on it before, such
+# as a window manager.
 #
 # Nobody here can see the letters, so a game is played as a very young child would: everything is tried until
 # something fits. A wrong try changes nothing.
 set -euo pipefail
 program=$1 scene=$2
+shift 2
+installed=("$@")
 here=$(mktemp -d)
-trap 'kill ${marrowfen:-} ${xvfb:-} 2>/dev/null || true; rm -rf "$here"' EXIT
+trap 'kill ${marrowfen:-} ${beside:-} ${xvfb:-} 2>/dev/null || true; rm -rf "$here"' EXIT
 
 fail() { echo "FAILED: $*" >&2; exit 1; }
 
-# A program folder of our own, so that nobody's pupils are touched.
-cp -r "$program" "$here/program"
-sqlite3 "$here/program/data.mdb" "DELETE FROM Pupils; DELETE FROM Hall_of_Fame"
-kept() { sqlite3 "$here/program/data.mdb" "$1"; }
+if [ ${#installed[@]} -gt 0 ]; then
+    store=$program
+else
+    # A program folder of our own, so that nobody's pupils are touched.
+    cp -r "$program" "$here/program"
+    store=$here/program/data.mdb
+    installed=("$here/program/marrowfen" --record "$here/run.txt")
+fi
+kept() { sqlite3 "$store" "$1"; }
+kept "DELETE FROM Pupils; DELETE FROM Hall_of_Fame"
 [ "$scene" != no_store ] || rm "$here/program/data.mdb"
 
 mkfifo "$here/display"
-Xvfb -displayfd 7 -screen 0 1024x768x24 -nolisten tcp -noreset 7>"$here/display" 2>/dev/null &
+screen=${SCREEN:-1024x768}
+Xvfb -displayfd 7 -screen 0 "${screen}x24" -nolisten tcp -noreset 7>"$here/display" 2>/dev/null &
 xvfb=$!
 read -r number <"$here/display"
 export DISPLAY=":$number" SDL_AUDIODRIVER=dummy QT_QPA_PLATFORM=xcb
 [ "$scene" != small_hands ] ||
     sqlite3 "$here/program/data.mdb" "INSERT INTO Pupils (PupilName, PupilName_folded) VALUES ('Ann', 'ann')"
-"$here/program/marrowfen" --record "$here/run.txt" &
+if [ -n "${BESIDE:-}" ]; then
+    $BESIDE 2>/dev/null &
+    beside=$!
+fi
+"${installed[@]}" &
 marrowfen=$!
 
 # until_true SECONDS COMMAND...: asks again and again until the command succeeds.
@@ -42,7 +58,13 @@ window_is_there() { xdotool search --onlyvisible --name '^Marrowfen$' >/dev/null
 until_true 20 window_is_there || fail "no window came up"
 xdotool sleep 0.5
 
-click() { xdotool mousemove "$1" "$2" mousedown 1 mouseup 1 sleep "${3:-0.2}"; }
+# The places below are those on a screen of 1024 x 768. On another one the same picture is as large as it fits, in the
+# middle.
+wide=${screen%x*} high=${screen#*x}
+if [ $((wide * 768)) -le $((high * 1024)) ]; then share=$wide of=1024; else share=$high of=768; fi
+place() { echo "$((wide / 2 + ($1 - 512) * share / of)) $((high / 2 + ($2 - 384) * share / of))"; }
+# shellcheck disable=SC2046  # a place is two words
+click() { xdotool mousemove $(place "$1" "$2") mousedown 1 mouseup 1 sleep "${3:-0.2}"; }
 gone() { ! kill -0 "$marrowfen" 2>/dev/null; }
 
 # The middles of the controls, in pixels, as the forms' tables have them.
@@ -76,7 +98,8 @@ keys() {
 }
 drag_first_tile_to_every_key() {
     keys | while read -r x y; do
-        echo "mousemove 177 543 mousedown 1 mousemove $((x - 3)) $((y - 3)) mousemove $x $y mouseup 1"
+        echo "mousemove $(place 177 543) mousedown 1 mousemove $(place $((x - 3)) $((y - 3)))" \
+            "mousemove $(place "$x" "$y") mouseup 1"
     done | xdotool -
 }
 type_every_letter() { xdotool type --delay 8 abcdefghijklmnopqrstuvwxyz; }
@@ -148,7 +171,7 @@ case $scene in
         ;;
     *) fail "there is no scene $scene" ;;
 esac
-if [ "$scene" != no_store ]; then
+if [ -e "$here/run.txt" ] && [ "$scene" != no_store ]; then
     "$here/program/marrowfen" --replay "$here/run.txt" --fast || fail "the run went another way when it was played again"
 fi
 echo "passed: $scene"
