@@ -75,11 +75,11 @@ TEST(ClassListTest, TakesListsAsOfficesSaveThemAndSaysWhatIsWrongWithALine) {
     };
     const std::string long_name(51, 'x');
     EXPECT_EQ(told("Ann\n\n  Ben   O'Neill \r\nZOË\rann\n\xE2\x80\x8B\n" + long_name),
-              (Lines{"1 Ann", "3 Ben O'Neill", "4 ZOË: There is a pupil of that name already",
-                     "5 ann: The same name stands in line 1", "6 : There is no name here",
-                     "7 " + long_name + ": The name has 51 letters, and 50 fit"}));
+              (Lines{"1 Ann", "3 Ben O'Neill", "4 ZOË: there is a pupil of that name already",
+                     "5 ann: the same name stands in line 1", "6 : there is no name here",
+                     "7 " + long_name + ": the name has 51 letters, and 50 fit"}));
     EXPECT_EQ(told("\uFEFFClass;Pupil;Born\n2b;\"Ann \"\"Annie\"\" Lee\";2018\n2b;\"Bo;b\n\nx\";2019\n2b;Cy\n2b"),
-              (Lines{"2 Ann \"Annie\" Lee", "3 Bo;b x", "6 Cy", "7 : There is no name here"}));
+              (Lines{"2 Ann \"Annie\" Lee", "3 Bo;b x", "6 Cy", "7 : there is no name here"}));
     EXPECT_EQ(told("Ren\xE9\nBj\xF6rn\n\x8Alavka"), (Lines{"1 René", "2 Björn", "3 Šlavka"}));
     EXPECT_EQ(told("\xFF\xFE\x41\0n\0n\0\xEB\0\n\0\x3D\xD8\0\xDEz\0"s), (Lines{"1 Annë", "2 😀z"}));
     EXPECT_EQ(told(""), Lines{});
@@ -132,15 +132,15 @@ TEST_F(SchoolTest, WhatFailsOrIsStoppedChangesNothingAndIsSaid) {
     add({"Ann", "Ben"});
     plays(1, 7, 60, 40);
     const Lines before = kept();
-    EXPECT_EQ(why(desk_.add({"Cy", "ANN"}, kNobodyWatches)), "There is a pupil of that name already: ANN");
-    EXPECT_EQ(why(desk_.add({"Cy", " "}, kNobodyWatches)), "There is no name here");
-    EXPECT_EQ(why(desk_.rename(2, "ann")), "There is a pupil of that name already: ann");
+    EXPECT_EQ(why(desk_.add({"Cy", "ANN"}, kNobodyWatches)), "there is a pupil of that name already: ANN");
+    EXPECT_EQ(why(desk_.add({"Cy", " "}, kNobodyWatches)), "there is no name here");
+    EXPECT_EQ(why(desk_.rename(2, "ann")), "there is a pupil of that name already: ann");
     EXPECT_EQ(why(desk_.rename(2, "BEN")), "") << "only the case changes";
     EXPECT_EQ(undo(), "Taken back: renaming Ben to BEN");
     Lines many;
     for (int i = 0; i < 1000; ++i) many.push_back("Pupil " + std::to_string(i));
     EXPECT_EQ(why(desk_.add(many, [](auto done, auto of) { return done < 300 || of != 1000; })), "it was stopped");
-    EXPECT_EQ(why(desk_.add(Lines(33'000, "x"), kNobodyWatches)), "There is a pupil of that name already: x");
+    EXPECT_EQ(why(desk_.add(Lines(33'000, "x"), kNobodyWatches)), "there is a pupil of that name already: x");
     ASSERT_EQ(other_.run("INSERT INTO Pupils VALUES (9, 'Cy', 'cy')"), "");  // since the book was read
     EXPECT_EQ(why(desk_.add({"Bo", "cy"}, kNobodyWatches)),
               "'cy' can't be kept: there is a pupil of that name already");
