@@ -24,10 +24,8 @@ void refill(QComboBox& box, const QString& none, const Fill& fill) {
     };
     if (!none.isEmpty()) add(none, {});
     fill(add);
-    auto* old = box.model();
-    box.setModel(items);
+    box.setModel(items);  // which lets the one before go
     if (box.completer()) box.completer()->setModel(items);
-    if (old->parent() == &box) old->deleteLater();
     const int place = before ? box.findData(QVariant::fromValue<qlonglong>(*before)) : 0;
     box.setCurrentIndex(place >= 0 || items->rowCount() == 0 ? place : 0);
 }
