@@ -9,6 +9,7 @@
 #include "school/export.h"
 #include "school/result_list.h"
 #include "school/standing.h"
+#include "school/word_sets.h"
 #include "store_fixture.h"
 
 namespace marrowfen::test {
@@ -226,6 +227,94 @@ TEST_F(SchoolTest, AdviceFollowsTheOrderOfTheGames) {
     plays(1, 30, 120, 70);
     plays(1, 7, 120, 60);
     EXPECT_EQ(told(), "All games are done; most is to be won in 19. Game of 12 in the Red team.");
+}
+
+class WordSetTest : public StoreTest {
+protected:
+    static const SetKind& kind(const std::string& word) {
+        return *std::ranges::find(set_kinds(), word, &SetKind::word);
+    }
+    WordSets::Set set(const std::string& word) { return sets_.read(kind(word)).value(); }
+    /// As the games list them.
+    Lines listed() { return walk(*rows("sortedgames"), "gamename"); }
+
+    std::unique_ptr<ContentKeeper> keeper_ = engine_.open_content(name_).value();
+    WordSets sets_{*keeper_, folder_.path() / "content"};
+};
+
+TEST_F(WordSetTest, EachFaultIsToldInItsCellAndOnlyAWholeSetIsKept) {
+    const SetRows good = set("rhymes1").rows;
+    ASSERT_EQ(good[0], (SetRow{"1", "Bal", "al"}));
+    EXPECT_TRUE(faults_in(kind("rhymes1"), good).empty());
+    SetRows bad = good;
+    bad[1] = {"1", "Bral", "al"};
+    bad[2] = {"x", "", "al"};
+    Lines told;
+    for (const auto& fault : faults_in(kind("rhymes1"), bad)) {
+        told.push_back(std::to_string(fault.line) + (fault.column ? "/" + std::to_string(*fault.column) : "") + " " +
+                       fault.reason);
+    }
+    EXPECT_EQ(told, (Lines{"2/1 Word 'Bral' should be one letter and the Ending 'al'",
+                           "3/0 Group is 'x', but should be a number from 1 to 7", "3/1 Word is empty"}));
+    EXPECT_EQ(why(sets_.keep(kind("rhymes1"), bad)), "in line 2 Word 'Bral' should be one letter and the Ending 'al'");
+    EXPECT_EQ(set("rhymes1").rows, good);
+    SetRows games = set("games").rows;
+    for (SetRow& game : games) game[3] = "no";
+    EXPECT_EQ(why(sets_.keep(kind("games"), games)), "no game is left in the list");
+    games.pop_back();
+    EXPECT_EQ(faults_in(kind("games"), games).front().reason, "there is no game with the Kind of game 1");
+}
+
+TEST_F(WordSetTest, ATeachersSetOutlivesEveryUpgradeUntilItIsGivenBack) {
+    SetRows words = set("rhymes1").rows;
+    words[0] = {"1", "cal", "al"};
+    SetRows games = set("games").rows;
+    std::swap(games[0][1], games[1][1]);
+    games[0][2] = "Hunt";
+    games[2][3] = "no";
+    ASSERT_EQ(why(sets_.keep(kind("rhymes1"), words)), "");
+    ASSERT_EQ(why(sets_.keep(kind("games"), games)), "");
+    const Lines as_wished = listed();
+    EXPECT_EQ(as_wished.size(), 29U);
+    EXPECT_EQ(as_wished[0], "Game of 29");
+    EXPECT_EQ(as_wished[1], "Hunt");
+
+    ContentTables upgrade;
+    auto& changed = upgrade.files["words-keystage1.tsv"];
+    changed.replace(changed.find("bal"), 3, "mal");
+    auto& sentences = upgrade.files["sentences-keystage1.tsv"];
+    sentences.replace(sentences.find("Once"), 4, "Ones");
+    auto& looks = upgrade.files["games.tsv"];
+    looks.replace(looks.find("\t9\t"), 3, "\t5\t");
+    upgrade.write(folder_.path() / "content");
+    ASSERT_EQ(build_store(folder_.path() / "content", file_), Lines{});
+    EXPECT_EQ(set("rhymes1").rows[0], (SetRow{"1", "Cal", "al"}));
+    EXPECT_EQ(set("sentences1").rows[0][1], "Ones o the big dog ran.");
+    EXPECT_EQ(listed(), as_wished);
+    EXPECT_EQ(other_.rows("SELECT Panels FROM Templates WHERE Template_ID = 1"), Lines{"5"}) << "the rest is today's";
+    EXPECT_TRUE(set("rhymes1").maker == Maker::Teacher && set("sentences1").maker == Maker::Marrowfen);
+
+    ASSERT_EQ(why(sets_.go_back(kind("rhymes1"))), "");
+    ASSERT_EQ(why(sets_.go_back(kind("games"))), "");
+    EXPECT_EQ(set("rhymes1").rows[0], (SetRow{"1", "Mal", "al"}));
+    EXPECT_EQ(listed().size(), 30U);
+    EXPECT_EQ(listed()[0], "Game of 30");
+    EXPECT_TRUE(set("games").maker == Maker::Marrowfen);
+}
+
+TEST_F(WordSetTest, ASetGoesOutToAFileAndComesBack) {
+    SetRows sentences = set("sentences2").rows;
+    sentences[0][1] = "\"Oh!\" said the big dog and ran.";
+    const auto file = folder_.path() / "mine.tsv";
+    for (const auto& [word, rows] : {std::pair{"sentences2", sentences}, {"games", set("games").rows}}) {
+        ASSERT_EQ(write_set(kind(word), rows, file), std::nullopt);
+        Faults faults;
+        EXPECT_EQ(read_set(kind(word), file, faults), rows);
+        EXPECT_EQ(faults.lines(), Lines{});
+    }
+    Faults faults;
+    EXPECT_EQ(read_set(kind("rhymes1"), file, faults), SetRows{});
+    EXPECT_FALSE(faults.none());
 }
 
 }  // namespace

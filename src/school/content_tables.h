@@ -5,15 +5,13 @@
 #include <string>
 #include <vector>
 
-#include "platform/value.h"
+#include "platform/content_keeper.h"
 #include "school/faults.h"
 #include "school/tab_table.h"
 
 /// The tables that children read, and what fits into them: for the tool that builds the store and for the teacher who
 /// writes a set of their own.
 namespace marrowfen {
-
-using Values = std::vector<Value>;
 
 /// The rows of one table of the store, each with a value for every field.
 struct ContentTable {

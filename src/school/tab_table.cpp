@@ -95,6 +95,15 @@ TabTable::TabTable(const std::vector<std::string>& columns, const std::vector<st
     }
 }
 
+bool TabTable::has_column(const std::filesystem::path& file, std::string_view name) {
+    std::ifstream input(file, std::ios::binary);
+    for (std::string line; std::getline(input, line);) {
+        if (line.starts_with('#')) continue;
+        return std::ranges::any_of(cells_of(line), [&](const std::string& cell) { return same_name(cell, name); });
+    }
+    return false;
+}
+
 void TabTable::read(std::istream& input, Faults& faults) {
     int number = 0;
     for (std::string text; std::getline(input, text);) {

@@ -26,6 +26,9 @@ public:
     TabTable(const std::vector<std::string>& columns, const std::vector<std::vector<std::string>>& rows,
              Faults& faults);
 
+    /// Whether the line with the names of the columns has this one.
+    [[nodiscard]] static bool has_column(const std::filesystem::path& file, std::string_view name);
+
     [[nodiscard]] const std::vector<Row>& rows() const { return rows_; }
     [[nodiscard]] bool has_its_columns() const { return has_its_columns_; }
     [[nodiscard]] const std::string& column(std::size_t index) const { return columns_[index]; }

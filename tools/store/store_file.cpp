@@ -4,6 +4,7 @@
 #include <string>
 #include <system_error>
 
+#include "kept_sets.h"
 #include "platform/letter_case.h"
 #include "platform/sqlite/connection.h"
 #include "platform/sqlite/new_row.h"
@@ -102,9 +103,11 @@ Outcome fill(Connection& connection, const Content& content, const std::string& 
 Outcome write_content(Connection& connection, const Content& content, const std::string& fingerprint) {
     Transaction transaction(connection);
     if (auto failure = transaction.begin()) return failure;
+    const auto kept = with_kept_sets(connection, content);
+    if (const auto* failure = kept.failure()) return *failure;
     if (auto failure = drop_content(connection)) return failure;
     if (auto failure = create_sources(connection)) return failure;
-    if (auto failure = fill(connection, content, fingerprint)) return failure;
+    if (auto failure = fill(connection, kept.value(), fingerprint)) return failure;
     if (auto failure = connection.run("PRAGMA application_id = " + std::to_string(kApplicationId))) return failure;
     if (auto failure = connection.run("PRAGMA user_version = " + std::to_string(kSchemaVersion))) return failure;
     if (auto failure = check_tables(connection)) return failure;
