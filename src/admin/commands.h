@@ -12,5 +12,6 @@ namespace marrowfen {
 
 void add_pupils_command(CLI::App& program, Room*& room);
 void add_results_command(CLI::App& program, Room*& room);
+void add_words_command(CLI::App& program, Room*& room);
 
 }  // namespace marrowfen

@@ -36,6 +36,7 @@ int main(int argc, char** argv) {
     program.parse_complete_callback([&] { room = &opened.emplace(folder); });
     add_pupils_command(program, room);
     add_results_command(program, room);
+    add_words_command(program, room);
     try {
         program.parse(argc, argv);
         return EXIT_SUCCESS;

@@ -18,23 +18,32 @@ void ask_to_stop(int /*signal*/) { stop_was_asked = true; }
 
 }  // namespace
 
+void Room::refuse(const StoreFailure& failure) const {
+    throw CommandFailure("The file " + (folder_ / "data.mdb").string() +
+                         ", which holds the pupils and results, can't be opened: " + failure.reason);
+}
+
 Book& Room::book() {
     if (book_) return *book_;
-    const std::string path = files_.program_folder() + "\\data.mdb";
-    const auto refuse = [this](const StoreFailure& failure) {
-        throw CommandFailure("The file " + (folder_ / "data.mdb").string() +
-                             ", which holds the pupils and results, can't be opened: " + failure.reason);
-    };
-    auto store = engine_.open(path);
-    if (const auto* failure = store.failure()) refuse(*failure);
-    auto keeper = engine_.open_register(path);
+    auto opened = engine_.open(store());
+    if (const auto* failure = opened.failure()) refuse(*failure);
+    auto keeper = engine_.open_register(store());
     if (const auto* failure = keeper.failure()) refuse(*failure);
-    store_ = std::move(store).value();
+    store_ = std::move(opened).value();
     register_ = std::move(keeper).value();
     book_ = std::make_unique<Book>(*store_, *register_);
     const auto read = book_->refresh(Book::Reading::Everything, shown_progress("Reading"));
     if (const auto* failure = read.failure()) refuse(*failure);
     return *book_;
+}
+
+WordSets& Room::words() {
+    if (words_) return *words_;
+    auto content = engine_.open_content(store());
+    if (const auto* failure = content.failure()) refuse(*failure);
+    content_ = std::move(content).value();
+    words_ = std::make_unique<WordSets>(*content_, folder_ / "Content");
+    return *words_;
 }
 
 Desk& Room::desk() {

@@ -9,6 +9,7 @@
 #include "platform/system/disk_files.h"
 #include "school/book.h"
 #include "school/desk.h"
+#include "school/word_sets.h"
 
 namespace marrowfen {
 
@@ -27,8 +28,12 @@ public:
     /// The store, read to its end. Fails with a sentence.
     [[nodiscard]] Book& book();
     [[nodiscard]] Desk& desk();  ///< of `book`
+    [[nodiscard]] WordSets& words();
 
 private:
+    [[noreturn]] void refuse(const StoreFailure& failure) const;
+    [[nodiscard]] std::string store() const { return files_.program_folder() + "\\data.mdb"; }
+
     std::filesystem::path folder_;
     DiskFiles files_;
     SqliteStoreEngine engine_{files_};
@@ -36,6 +41,8 @@ private:
     std::unique_ptr<Register> register_;
     std::unique_ptr<Book> book_;
     std::unique_ptr<Desk> desk_;
+    std::unique_ptr<ContentKeeper> content_;
+    std::unique_ptr<WordSets> words_;
 };
 
 /// Fails with the store's reason.

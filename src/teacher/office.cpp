@@ -14,7 +14,7 @@ QString reason(const StoreFailure& failure) { return shown(failure.reason); }
 
 }  // namespace
 
-Office::Office(const std::filesystem::path& program_folder) : files_(program_folder) {
+Office::Office(const std::filesystem::path& program_folder) : folder_(program_folder), files_(program_folder) {
     clock_.setInterval(kBetweenTwoLooks);
     connect(&clock_, &QTimer::timeout, this, [this] { look_again(nullptr, Book::Reading::WhatIsNew); });
 }
@@ -25,13 +25,17 @@ std::optional<StoreFailure> Office::open(QWidget* window) {
     if (const auto* failure = store.failure()) return *failure;
     auto keeper = engine_.open_register(path);
     if (const auto* failure = keeper.failure()) return *failure;
+    auto content = engine_.open_content(path);
+    if (const auto* failure = content.failure()) return *failure;
     auto book = std::make_unique<Book>(*store.value(), *keeper.value());
     const auto read = book->refresh(Book::Reading::Everything, watch(window, tr("Reading the results")));
     if (const auto* failure = read.failure()) return *failure;
     store_ = std::move(store).value();
     register_ = std::move(keeper).value();
+    content_ = std::move(content).value();
     book_ = std::move(book);
     desk_ = std::make_unique<Desk>(*book_, *register_);
+    words_ = std::make_unique<WordSets>(*content_, folder_ / "Content");
     clock_.start();
     emit changed();
     return std::nullopt;

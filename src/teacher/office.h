@@ -12,6 +12,7 @@
 #include "platform/system/disk_files.h"
 #include "school/book.h"
 #include "school/desk.h"
+#include "school/word_sets.h"
 
 class QWidget;
 
@@ -30,6 +31,7 @@ public:
     /// On failure there is no book, and this may be asked again.
     [[nodiscard]] std::optional<StoreFailure> open(QWidget* window);
     [[nodiscard]] Book& book() { return *book_; }
+    [[nodiscard]] WordSets& words() { return *words_; }
     [[nodiscard]] const DiskFiles& files() const { return files_; }
 
     using Work = std::function<std::optional<StoreFailure>(Desk& desk, const Progress& progress)>;
@@ -54,12 +56,15 @@ signals:
     void trouble(const QString& sentence);  ///< the store can't be read just now; empty: it can
 
 private:
+    std::filesystem::path folder_;
     DiskFiles files_;
     SqliteStoreEngine engine_{files_};
     std::unique_ptr<Store> store_;
     std::unique_ptr<Register> register_;
+    std::unique_ptr<ContentKeeper> content_;
     std::unique_ptr<Book> book_;
     std::unique_ptr<Desk> desk_;
+    std::unique_ptr<WordSets> words_;
     QTimer clock_;
     bool busy_ = false;
 };

@@ -1,5 +1,6 @@
 #include "teacher/teacher_window.h"
 
+#include <QCloseEvent>
 #include <QLabel>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -9,6 +10,7 @@
 
 #include "teacher/pupils_page.h"
 #include "teacher/results_page.h"
+#include "teacher/words_page.h"
 
 namespace marrowfen {
 
@@ -17,7 +19,8 @@ TeacherWindow::TeacherWindow(const std::filesystem::path& program_folder)
       trouble_(new QLabel(this)),
       pages_(new QTabWidget(this)),
       pupils_(new PupilsPage(office_, pages_)),
-      results_(new ResultsPage(office_, pages_)) {
+      results_(new ResultsPage(office_, pages_)),
+      words_(new WordsPage(office_, pages_)) {
     setWindowTitle(tr("Marrowfen for teachers"));
     resize(1000, 680);
     trouble_->setWordWrap(true);
@@ -27,6 +30,7 @@ TeacherWindow::TeacherWindow(const std::filesystem::path& program_folder)
     pages_->setAccessibleName(tr("Pages"));
     pages_->addTab(pupils_, tr("P&upils"));
     pages_->addTab(results_, tr("R&esults"));
+    pages_->addTab(words_, tr("Word&s"));
     auto* middle = new QWidget(this);
     auto* rows = new QVBoxLayout(middle);
     rows->addWidget(trouble_);
@@ -70,9 +74,12 @@ bool TeacherWindow::open() {
                                        .arg(shown(office_.files().program_folder()).replace('\\', '/')));
         if (message.exec() != QMessageBox::Retry) return false;
     }
+    words_->open();
     statusBar()->showMessage(tr("Pupils may go on playing while this window is open."));
     return true;
 }
+
+void TeacherWindow::closeEvent(QCloseEvent* event) { event->setAccepted(words_->may_leave()); }
 
 void TeacherWindow::show_undo() {
     const QString next = office_.next_undo();

@@ -12,6 +12,7 @@ namespace marrowfen {
 
 class PupilsPage;
 class ResultsPage;
+class WordsPage;
 
 /// The teacher's window: a page for each question that the games don't answer.
 class TeacherWindow final : public QMainWindow {
@@ -21,6 +22,9 @@ public:
     explicit TeacherWindow(const std::filesystem::path& program_folder);
     /// Opens the store. When that fails, the person has been told and asked until it worked or they gave up: false.
     [[nodiscard]] bool open();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
 
 private:
     void make_menus();
@@ -32,6 +36,7 @@ private:
     QTabWidget* pages_;
     PupilsPage* pupils_;
     ResultsPage* results_;
+    WordsPage* words_;
     QAction* undo_ = nullptr;
 };
 
