@@ -1,6 +1,6 @@
 # Sourced by ./run and ./test: installs what is missing, configures, builds. Quiet when there is nothing to do.
 
-build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev libqt6svg6 qt6-wayland libsqlite3-dev
+build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev libqt6svg6 qt6-charts-dev libqt6opengl6-dev qt6-wayland libsqlite3-dev
     libutf8proc-dev libcsv-dev libcli11-dev nlohmann-json3-dev libsdl2-dev libsndfile1-dev espeak-ng csound sox fonts-comic-neue fonts-sil-andika)
 test_packages=(libgtest-dev xvfb xauth xdotool sqlite3 clang-format)
 

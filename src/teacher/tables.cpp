@@ -17,17 +17,19 @@ void set_up(QTableView& table, const QString& name) {
     table.setTabKeyNavigation(false);  // the tab key leads on to the next control
     table.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     table.verticalHeader()->setVisible(false);
+    constexpr int kAboveAndBelow = 8;
+    table.verticalHeader()->setDefaultSectionSize(table.fontMetrics().height() + kAboveAndBelow);
     table.horizontalHeader()->setHighlightSections(false);
     table.horizontalHeader()->setStretchLastSection(true);
     constexpr int kRowsLookedAt = 100;
     table.horizontalHeader()->setResizeContentsPrecision(kRowsLookedAt);
 }
 
-void fit_columns(QTableView& table) {
+void fit_columns(QTableView& table, int narrowest) {
     table.resizeColumnsToContents();
     constexpr int kWidest = 420;
     for (int column = 0; column + 1 < table.model()->columnCount(); ++column) {
-        table.setColumnWidth(column, std::min(table.columnWidth(column), kWidest));
+        table.setColumnWidth(column, std::clamp(table.columnWidth(column), narrowest, kWidest));
     }
 }
 

@@ -8,6 +8,8 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 
+#include "teacher/class_page.h"
+#include "teacher/pupil_page.h"
 #include "teacher/pupils_page.h"
 #include "teacher/results_page.h"
 #include "teacher/words_page.h"
@@ -30,6 +32,8 @@ TeacherWindow::TeacherWindow(const std::filesystem::path& program_folder)
     pages_->setAccessibleName(tr("Pages"));
     pages_->addTab(pupils_, tr("P&upils"));
     pages_->addTab(results_, tr("R&esults"));
+    pages_->addTab(new PupilPage(office_, pages_), tr("&One pupil"));
+    pages_->addTab(new ClassPage(office_, pages_), tr("Whole c&lass"));
     pages_->addTab(words_, tr("Word&s"));
     auto* middle = new QWidget(this);
     auto* rows = new QVBoxLayout(middle);

@@ -20,6 +20,8 @@ namespace marrowfen {
 
 namespace {
 
+constexpr int kRoomForAFault = 200;
+
 /// Hands on every letter as it is typed, so that a fault shows at once. Escape brings back what stood there.
 class TypingDelegate final : public QStyledItemDelegate {
 public:
@@ -123,7 +125,7 @@ void WordsPage::open() {
     const bool own = set.value().maker == Maker::Teacher;
     maker_->setText(own ? tr("made here") : tr("as it came with Marrowfen"));
     go_back_->setEnabled(own);
-    fit_columns(*table_);
+    fit_columns(*table_, kRoomForAFault);
     show_state();
 }
 
@@ -193,7 +195,7 @@ void WordsPage::read_file() {
         return;
     }
     words_->replace(std::move(rows));
-    fit_columns(*table_);
+    fit_columns(*table_, kRoomForAFault);
     emit office_.did(tr("Read, and not kept yet. Look at it, then press Keep."));
 }
 

@@ -111,7 +111,7 @@ void make_pictures(const std::vector<fs::path>& arguments) {
         for (int page = 0; page < pages->count(); ++page) {
             pages->setCurrentIndex(page);
             save(window, out / (std::to_string(page + 1) + "-" +
-                                pages->tabText(page).remove('&').toLower().toStdString() + ".png"));
+                                pages->tabText(page).remove('&').replace(' ', '-').toLower().toStdString() + ".png"));
         }
     }
     fs::remove_all(school);
