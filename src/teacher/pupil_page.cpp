@@ -132,7 +132,10 @@ void PupilPage::draw() {
         chart->setTitle(tr("%1: %2").arg(pupil_->currentText(), shown(book.game_name(*game))));
         auto* days = new QDateTimeAxis(chart);
         days->setFormat(QStringLiteral("d MMM"));
-        days->setRange(first.addDays(-1), last.addDays(1));
+        // Whole days, four of them at least, so that the marks below name four different ones.
+        const QDate from = first.date().addDays(-1);
+        const QDate to = std::max(last.date().addDays(2), from.addDays(4));
+        days->setRange(from.startOfDay(), to.startOfDay());
         days->setTitleText(tr("Day"));
         auto* points = new QValueAxis(chart);
         constexpr int kAllPoints = 100;
