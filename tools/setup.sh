@@ -1,9 +1,9 @@
 # Sourced by ./run and ./test: installs what is missing, configures, builds. Says how far it is, and next to
 # nothing when there is nothing to do.
 
-build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev qt6-wayland libpng-dev libimagequant-dev
-    libsqlite3-dev libutf8proc-dev libcsv-dev libcli11-dev libsdl2-dev libsndfile1-dev espeak-ng csound sox
-    fonts-comic-neue fonts-sil-andika)
+build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev qt6-charts-dev libqt6opengl6-dev qt6-wayland
+    libpng-dev libimagequant-dev libsqlite3-dev libutf8proc-dev libcsv-dev libcli11-dev nlohmann-json3-dev libsdl2-dev
+    libsndfile1-dev espeak-ng csound sox fonts-comic-neue fonts-sil-andika)
 test_packages=(libgtest-dev xvfb xauth xdotool sqlite3 clang-format)
 fuzz_packages=(clang-16 libclang-rt-16-dev)  # only for tools/trials fuzz
 bench_packages=(libbenchmark-dev libx11-dev libxtst-dev libxdamage-dev valgrind)

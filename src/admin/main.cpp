@@ -1,8 +1,11 @@
 #include <array>
 #include <cstdio>
 #include <ctime>
+#include <iostream>
+#include <optional>
 #include <system_error>
 
+#include "admin/commands.h"
 #include "admin/words.h"
 #include "platform/system/disk_files.h"
 #include "school/copies.h"
@@ -32,31 +35,56 @@ std::string this_moment() {
 
 namespace {
 
-std::filesystem::path store_of_this_program() {
+constexpr int kCantUnderstand = 2;
+
+std::filesystem::path folder_of_this_program() {
     std::error_code error;
-    const DiskFiles files(std::filesystem::read_symlink("/proc/self/exe", error).parent_path());
-    const std::string path = files.program_folder() + "\\data.mdb";
-    const auto found = files.find(path);
-    return found ? *found : *files.find(files.program_folder()) / "data.mdb";
+    return std::filesystem::read_symlink("/proc/self/exe", error).parent_path();
+}
+
+std::filesystem::path store_in(const std::filesystem::path& folder) {
+    const DiskFiles files(folder);
+    const auto found = files.find(files.program_folder() + "\\data.mdb");
+    return found ? *found : folder / "data.mdb";
 }
 
 int run(int argc, char** argv) {
     Admin admin;
-    CLI::App line("Looks after the pupils and results of Marrowfen.", "marrowfen-admin");
+    std::filesystem::path folder = folder_of_this_program();
+    std::optional<Room> opened;
+    Room* room = nullptr;
+    CLI::App line(
+        "Looks after the pupils and results of Marrowfen, while others play or not.\n"
+        "Ends with status 0 when all was done, 1 when not and 2 when the line can't be understood; the\n"
+        "reason is then said on the standard error output. What fails has changed nothing.",
+        "marrowfen-admin");
     line.set_version_flag("--version", "marrowfen-admin " MARROWFEN_VERSION);
-    line.set_help_all_flag("--help-all", "Print this help and that of every word");
-    line.add_option("--store", admin.store, "The file with pupils and results (default: data.mdb beside this program)")
+    line.set_help_all_flag("--help-all", "Show the help of all words");
+    line.add_option("--folder", folder, "The program folder with data.mdb; without it the one of this program")
+        ->take_last();
+    line.add_option("--store", admin.store, "For copies, restore, salvage and share: a file other than data.mdb there")
         ->type_name("FILE");
     line.require_subcommand(1);
-    line.parse_complete_callback([&admin] {
-        if (admin.store.empty()) admin.store = store_of_this_program();
+    line.parse_complete_callback([&] {
+        if (admin.store.empty()) admin.store = store_in(folder);
+        room = &opened.emplace(folder);
     });
     add_copies(line, admin);
     add_restore(line, admin);
     add_salvage(line, admin);
     add_share(line, admin);
-    CLI11_PARSE(line, argc, argv);
-    return admin.status;
+    add_pupils_command(line, room);
+    add_results_command(line, room);
+    add_words_command(line, room);
+    try {
+        line.parse(argc, argv);
+        return admin.status;
+    } catch (const CLI::ParseError& error) {
+        return line.exit(error) == 0 ? EXIT_SUCCESS : kCantUnderstand;
+    } catch (const std::exception& failure) {
+        std::cerr << "marrowfen-admin: " << failure.what() << ".\n";
+        return EXIT_FAILURE;
+    }
 }
 
 }  // namespace

@@ -1,6 +1,5 @@
-// What one lesson asks of the store, for an account that has nothing but rights: adds a pupil and a result, and makes the
-// copy of the day. With --crash it dies in the middle of writing.
-// Usage: play_once STORE NAME [--crash]
+// What one lesson asks of the store, for an account that has nothing but rights: adds a pupil and a result, and makes
+// the copy of the day. With --crash it dies in the middle of writing. Usage: play_once STORE NAME [--crash]
 
 #include <sys/resource.h>
 
@@ -37,7 +36,8 @@ int run(const std::filesystem::path& file, const std::string& name, bool crash) 
     std::optional<StoreFailure> failure;
     if (opened.failure()) failure = *opened.failure();
     if (!failure && crash) let_die(file);
-    for (int i = 0; crash && !failure; ++i) failure = play(*opened.value(), name + std::to_string(i) + std::string(40, 'x'));
+    for (int i = 0; crash && !failure; ++i)
+        failure = play(*opened.value(), name + std::to_string(i) + std::string(40, 'x'));
     if (!failure) failure = play(*opened.value(), name);
     constexpr std::chrono::year_month_day kToday{std::chrono::year{2026}, std::chrono::March, std::chrono::day{9}};
     if (!failure) failure = Copies(file).keep(kToday, {});

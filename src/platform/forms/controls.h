@@ -162,7 +162,7 @@ public:
     const ListBox::Style style;
 
     void fill(std::vector<std::string> entries);  ///< with these instead of what was there; the box is empty
-    void choose(std::size_t index);  ///< the user picks an entry: the box shows it, and the click is told
+    void choose(std::size_t index);               ///< the user picks an entry: the box shows it, and the click is told
     [[nodiscard]] const std::vector<std::string>& entries() const { return entries_; }
     [[nodiscard]] bool takes_focus() const override { return true; }
     [[nodiscard]] bool is_field() const override { return true; }

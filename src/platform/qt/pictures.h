@@ -20,8 +20,9 @@ namespace marrowfen {
 [[nodiscard]] QImage read_bitmap(const std::filesystem::path& file);
 
 /// Reads a picture, anew each time, and brings it to the size that it has on the screen. One that can't be read whole,
-/// or has more than 20 MB, comes out as its base name in letters on a light ground. The program's own pictures were drawn in several sizes when it was built: the one
-/// that fits the screen is shown as it is, and where none does a larger one is scaled down.
+/// or has more than 20 MB, comes out as its base name in letters on a light ground. The program's own pictures were
+/// drawn in several sizes when it was built: the one that fits the screen is shown as it is, and where none does a
+/// larger one is scaled down.
 class Pictures {
 public:
     Pictures(const Files& files, const Typefaces& faces) : files_(files), faces_(faces) {}
