@@ -7,8 +7,8 @@
 
 #include "admin/commands.h"
 #include "admin/words.h"
+#include "copies/copies.h"
 #include "platform/system/disk_files.h"
-#include "school/copies.h"
 
 namespace marrowfen {
 

@@ -3,8 +3,8 @@
 #include <system_error>
 
 #include "admin/words.h"
+#include "copies/copies.h"
 #include "platform/value.h"
-#include "school/copies.h"
 
 namespace marrowfen {
 

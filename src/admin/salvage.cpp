@@ -1,4 +1,4 @@
-#include "school/salvage.h"
+#include "copies/salvage.h"
 
 #include <cstdio>
 #include <memory>

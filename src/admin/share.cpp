@@ -8,7 +8,7 @@
 #include <system_error>
 
 #include "admin/words.h"
-#include "school/copies.h"
+#include "copies/copies.h"
 
 namespace marrowfen {
 

@@ -8,6 +8,7 @@
 
 #include "app/all_forms.h"
 #include "app/options.h"
+#include "copies/advice.h"
 #include "platform/audio/late_sound.h"
 #include "platform/qt/failure_window.h"
 #include "platform/qt/only_run.h"
@@ -20,7 +21,6 @@
 #include "replay/player.h"
 #include "replay/recorder.h"
 #include "rules/game_referee.h"
-#include "school/advice.h"
 
 namespace marrowfen {
 

@@ -6,11 +6,11 @@
 #include <atomic>
 #include <thread>
 
+#include "copies/advice.h"
+#include "copies/copies.h"
 #include "platform/headless/scripted.h"
 #include "platform/sqlite/journal.h"
 #include "platform/sqlite/store_check.h"
-#include "school/advice.h"
-#include "school/copies.h"
 #include "store_fixture.h"
 #include "trial.h"
 

@@ -3,8 +3,8 @@
 #include <random>
 #include <set>
 
+#include "copies/salvage.h"
 #include "platform/sqlite/schema.h"
-#include "school/salvage.h"
 #include "store_fixture.h"
 #include "trial.h"
 

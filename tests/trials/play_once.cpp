@@ -7,9 +7,9 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "copies/copies.h"
 #include "platform/sqlite/sqlite_store.h"
 #include "platform/system/disk_files.h"
-#include "school/copies.h"
 
 namespace marrowfen {
 

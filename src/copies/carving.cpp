@@ -1,4 +1,4 @@
-#include "school/carving.h"
+#include "copies/carving.h"
 
 #include <algorithm>
 #include <array>

@@ -1,4 +1,4 @@
-#include "school/copies.h"
+#include "copies/copies.h"
 
 #include <algorithm>
 #include <system_error>

@@ -1,4 +1,4 @@
-#include "school/salvage.h"
+#include "copies/salvage.h"
 
 #include <algorithm>
 #include <fstream>
@@ -7,6 +7,7 @@
 #include <set>
 #include <system_error>
 
+#include "copies/carving.h"
 #include "platform/sqlite/connection.h"
 #include "platform/sqlite/file_head.h"
 #include "platform/sqlite/journal.h"
@@ -15,7 +16,6 @@
 #include "platform/sqlite/statement.h"
 #include "platform/sqlite/store_check.h"
 #include "platform/sqlite/structure.h"
-#include "school/carving.h"
 
 namespace marrowfen {
 

@@ -3,8 +3,8 @@
 #include <optional>
 #include <string>
 
+#include "copies/copies.h"
 #include "platform/clock.h"
-#include "school/copies.h"
 
 namespace marrowfen {
 

@@ -1,4 +1,4 @@
-#include "school/advice.h"
+#include "copies/advice.h"
 
 namespace marrowfen {
 

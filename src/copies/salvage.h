@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <optional>
 
-#include "school/copies.h"
+#include "copies/copies.h"
 
 namespace marrowfen {
 
