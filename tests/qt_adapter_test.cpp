@@ -169,12 +169,12 @@ TEST_F(QtAdapterTest, TextInFaintColoursIsReadableByItsOutlineAndKeepsItsColour)
     };
     for (const auto& [fore, back] : {std::pair{kRed, kYellow}, {rgb(64, 200, 255), kYellow}, {kRed, kWhite}}) {
         auto& form = shows<Texts>(fore, back);
-        screen_is(1024, 768);
         desktop_.set_focus(form.list), settle();
-        const QImage screen = window().grab().toImage();
+        const QImage screen = shot();
         for (const Control* control : form.controls()) {
             const Rect place = control->bounds();
-            const QRect inside(at(form, place.left / 15 + 4, place.top / 15 + 5), QSize(250, place.height / 15 - 10));
+            const QRect inside(dot(form, place.left / 15 + 4, place.top / 15 + 5),
+                               dot(form, place.left / 15 + 254, place.bottom() / 15 - 5));
             EXPECT_GT(readable_strokes(screen, inside, to_qt(back)), 0.7) << place.top;
             int in_its_colour = 0;
             for (int y = inside.top(); y <= inside.bottom(); ++y) {
@@ -191,12 +191,11 @@ TEST_F(QtAdapterTest, TextInFaintColoursIsReadableByItsOutlineAndKeepsItsColour)
 TEST_F(QtAdapterTest, TheRingStandsOutFromWhateverLiesOnEitherSide) {
     for (const Colour inside : {kYellow, kBlack, kWhite, kBlue, kRed}) {
         auto& form = shows<Holding<PictureBox>>(Size{1500, 1500}, inside);
-        screen_is(1024, 768);
         form.control.on_click = [] {};
         type(Qt::Key_Tab), settle();
-        const QImage screen = window().grab().toImage();
+        const QImage screen = shot();
         std::vector<QColor> across;
-        for (int x = 88; x < 104; ++x) across.push_back(screen.pixelColor(at(form, x, 150)));
+        for (int x = 88; x < 104; ++x) across.push_back(screen.pixelColor(dot(form, x, 150)));
         const auto edges = std::ranges::count_if(std::views::iota(1U, across.size()), [&](std::size_t i) {
             return contrast(across[i - 1], across[i]) >= 3;
         });

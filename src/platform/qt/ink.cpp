@@ -24,8 +24,9 @@ QColor mixed(const QColor& colour, const QColor& other, double share) {
 }  // namespace
 
 double contrast(const QColor& one, const QColor& other) {
-    const auto [dark, light] = std::minmax(luminance(one), luminance(other));
-    return (light + 0.05) / (dark + 0.05);
+    const double a = luminance(one);
+    const double b = luminance(other);
+    return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
 }
 
 Ink::Ink(const QColor& of_text, const QColor& behind) : text(of_text) {
