@@ -103,6 +103,7 @@ void Monkey::chooses_a_game(frmGames& games) {
     if (games.List1.entries().empty()) return clicks(games.BackDe);
     const std::size_t row = index_in(games.List1.entries());
     clicks(games.List1, row);
+    if (open<frmGames>() != &games) return;  // it was the second press of a double click
     if (once_in(10)) return clicks(games.hall_De);
     if (once_in(10)) return types(U'\r');
     clicks(games.List1, row);
