@@ -69,7 +69,7 @@ TEST_F(Forms, TheSecondPressOfADoubleClickIsNotForWhatTheFirstHasOpened) {
     display.idle(Mouse::kDoubleClickTime + std::chrono::milliseconds(1)), display.click(at);
     EXPECT_EQ(said_last(1), Log{"b picture clicked"}) << "after a pause it counts";
 
-    below.combo.add("Ann");
+    below.combo.fill({"Ann"});
     below.combo.on_click = [&] {
         below.say("chosen");
         desktop.show(a);

@@ -88,7 +88,8 @@ void Monkey::plays_on() {
         return clicks(once_in(3) ? newcomer->BackDe : newcomer->NextDe);
     }
     if (auto* removal = open<frmDeletePupils>()) {
-        if (once_in(2) && removal->lbkids.entries().size() > 1) clicks(removal->lbkids, index_in(removal->lbkids.entries()));
+        if (once_in(2) && removal->lbkids.entries().size() > 1)
+            clicks(removal->lbkids, index_in(removal->lbkids.entries()));
         return clicks(once_in(3) ? removal->DeleteDe : removal->CloseDe);
     }
     if (auto* games = open<frmGames>()) return chooses_a_game(*games);
@@ -220,8 +221,8 @@ void Monkey::types_anything() {
             }
             return;
         case 1:
-            return (void)room_.display.tell(KeyDown{.alt = once_in(2), .control = once_in(2), .command = once_in(2),
-                                                    .character = character, .code = 31});
+            return (void)room_.display.tell(KeyDown{
+                .alt = once_in(2), .control = once_in(2), .command = once_in(2), .character = character, .code = 31});
         case 2:
             return (void)room_.display.tell(KeyUp{.alt = once_in(2), .code = 31});
         case 3:

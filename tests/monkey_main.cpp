@@ -23,7 +23,8 @@ int main(int argc, char** argv) {
         const auto recording = std::filesystem::path(argv[2]) / ("monkey-" + std::to_string(seed) + ".txt");
         Day day = spend_a_day(seed, recording);
         std::string reason;
-        if (day.complaint.empty()) day.complaint = replay(read_recording(recording, reason).value_or(std::vector<std::string>{}));
+        if (day.complaint.empty())
+            day.complaint = replay(read_recording(recording, reason).value_or(std::vector<std::string>{}));
         if (!day.complaint.empty() || testing::Test::HasFailure()) {
             std::printf("%s\nIt is recorded in %s\n", day.complaint.c_str(), recording.c_str());
             return EXIT_FAILURE;

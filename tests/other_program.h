@@ -4,6 +4,7 @@
 #include <sqlite3.h>
 
 #include <filesystem>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -19,6 +20,14 @@ public:
 
     /// Empty: it worked.
     std::string run(const std::string& sql) { return list(sql, nullptr); }
+    /// The first value of each row, as far as they can be read.
+    void collect(const std::string& sql, std::set<std::string>& found) {
+        const auto take = [](void* out, int, char** values, char**) {
+            static_cast<std::set<std::string>*>(out)->insert(values[0] ? values[0] : "");
+            return 0;
+        };
+        sqlite3_exec(handle_, sql.c_str(), take, &found, nullptr);
+    }
     /// One line a row, the values parted by "|".
     std::vector<std::string> rows(const std::string& sql) {
         std::vector<std::string> found;

@@ -16,6 +16,7 @@
 
 #include "failure.h"
 #include "pictures/drawings.h"
+#include "platform/qt/pictures.h"
 #include "tables/picture_list.h"
 
 namespace {
@@ -32,7 +33,8 @@ const std::map<std::string, QImage>& pictures() {
     static const std::map<std::string, QImage> kPictures = [] {
         std::map<std::string, QImage> read;
         for (const marrowfen::ListedPicture& picture : marrowfen::read_picture_list(MARROWFEN_PICTURE_LIST)) {
-            read[picture.file] = QImage(QString::fromStdString(MARROWFEN_KEY_PICTURES "/" + picture.file));
+            read[picture.file] = marrowfen::read_bitmap(MARROWFEN_KEY_PICTURES "/" + picture.file)
+                                     .convertToFormat(QImage::Format_ARGB32);
         }
         return read;
     }();

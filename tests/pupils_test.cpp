@@ -10,7 +10,7 @@ using Entries = std::vector<std::string>;
 
 const Entries kNobody;
 const Entries kUnusualNames{
-    std::string(50, 'm'), "O'Neil", "''", "Ann \"Annie\" B", "Bo - 7", "  ", "Łukasz", "Ζωή", "李小龍", "Zoë 😀", "%_*"};
+    std::string(50, 'm'), "O'Neil", "''", "Ann \"Annie\" B", "Bo - 7", "Łukasz", "Ζωή", "李小龍", "Zoë 😀", "%_*"};
 
 TEST(PupilList, AnEmptyListLeadsOnOnlyToNewPlayersAndTheExit) {
     Classroom room(kNobody);
@@ -70,6 +70,8 @@ TEST(NewPupil, IsRefusedWithoutANameOrWithOneThatIsTaken) {
         std::string typed, says;
     };
     const std::vector<Case> cases{{"", "Please type in your name"},
+                                  {"  \u00A0", "Please type in your name"},
+                                  {"\u200B\u3164\u2800", "Please type in your name"},
                                   {"Zoë", "This pupil has already been entered"},
                                   {"ZOË", "This pupil has already been entered"},
                                   {"o'neil", "This pupil has already been entered"}};

@@ -102,37 +102,6 @@ TEST_F(Rhymes, TheDrawLeavesMoreThanItAsksFor) {
     }
 }
 
-TEST_F(Rhymes, TheLettersAToZFinishEveryTaskOfEveryGroup) {
-    for (const int game : {1, 14}) {
-        // Groups 8 and 9 take their turn in the places of the first two.
-        for (const bool swapped : {false, true}) {
-            if (swapped && game == 14) continue;
-            if (swapped)
-                spoil_store(
-                    "UPDATE Words_Keystage2 SET id = CASE WHEN id < 3 THEN id + 7 ELSE id - 7 END "
-                    "WHERE id IN (1, 2, 8, 9)");
-            std::size_t longest = 1;
-            for (std::size_t asked = 1; asked <= longest; ++asked) {
-                for (int id = 1; id <= 7; ++id) {
-                    const std::size_t rows = group(table_of(game), id).size();
-                    longest = std::max(longest, rows - 2);
-                    script_word(static_cast<int>(std::min(asked, rows - 2)), rows);
-                }
-                begins(game);
-                for (int id = 1; id <= 7; ++id) {
-                    const std::string word = card().theword.Caption;
-                    for (char letter = 'a'; letter <= 'z' && plays() && card().theword.Caption == word; ++letter) {
-                        ann.types({&letter, 1});
-                    }
-                    ASSERT_TRUE(!plays() || card().theword.Caption != word) << word << " of game " << game;
-                }
-                ASSERT_TRUE(room.is_open(FormId::frmScore));
-                goes_back_to_the_list();
-            }
-        }
-    }
-}
-
 TEST_F(Rhymes, AGroupThatIsTooSmallIsPassedOver) {
     spoil_store(
         "DELETE FROM Words_Keystage1 WHERE id=1 AND word NOT IN ('Cat', 'Hat');"

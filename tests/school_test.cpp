@@ -9,6 +9,7 @@
 #include "school/export.h"
 #include "school/result_list.h"
 #include "school/standing.h"
+#include "school/word_sets.h"
 #include "store_fixture.h"
 
 namespace marrowfen::test {
@@ -75,11 +76,11 @@ TEST(ClassListTest, TakesListsAsOfficesSaveThemAndSaysWhatIsWrongWithALine) {
     };
     const std::string long_name(51, 'x');
     EXPECT_EQ(told("Ann\n\n  Ben   O'Neill \r\nZOË\rann\n\xE2\x80\x8B\n" + long_name),
-              (Lines{"1 Ann", "3 Ben O'Neill", "4 ZOË: There is a pupil of that name already",
-                     "5 ann: The same name stands in line 1", "6 : There is no name here",
-                     "7 " + long_name + ": The name has 51 letters, and 50 fit"}));
+              (Lines{"1 Ann", "3 Ben O'Neill", "4 ZOË: there is a pupil of that name already",
+                     "5 ann: the same name stands in line 1", "6 : there is no name here",
+                     "7 " + long_name + ": the name has 51 letters, and 50 fit"}));
     EXPECT_EQ(told("\uFEFFClass;Pupil;Born\n2b;\"Ann \"\"Annie\"\" Lee\";2018\n2b;\"Bo;b\n\nx\";2019\n2b;Cy\n2b"),
-              (Lines{"2 Ann \"Annie\" Lee", "3 Bo;b x", "6 Cy", "7 : There is no name here"}));
+              (Lines{"2 Ann \"Annie\" Lee", "3 Bo;b x", "6 Cy", "7 : there is no name here"}));
     EXPECT_EQ(told("Ren\xE9\nBj\xF6rn\n\x8Alavka"), (Lines{"1 René", "2 Björn", "3 Šlavka"}));
     EXPECT_EQ(told("\xFF\xFE\x41\0n\0n\0\xEB\0\n\0\x3D\xD8\0\xDEz\0"s), (Lines{"1 Annë", "2 😀z"}));
     EXPECT_EQ(told(""), Lines{});
@@ -132,15 +133,15 @@ TEST_F(SchoolTest, WhatFailsOrIsStoppedChangesNothingAndIsSaid) {
     add({"Ann", "Ben"});
     plays(1, 7, 60, 40);
     const Lines before = kept();
-    EXPECT_EQ(why(desk_.add({"Cy", "ANN"}, kNobodyWatches)), "There is a pupil of that name already: ANN");
-    EXPECT_EQ(why(desk_.add({"Cy", " "}, kNobodyWatches)), "There is no name here");
-    EXPECT_EQ(why(desk_.rename(2, "ann")), "There is a pupil of that name already: ann");
+    EXPECT_EQ(why(desk_.add({"Cy", "ANN"}, kNobodyWatches)), "there is a pupil of that name already: ANN");
+    EXPECT_EQ(why(desk_.add({"Cy", " "}, kNobodyWatches)), "there is no name here");
+    EXPECT_EQ(why(desk_.rename(2, "ann")), "there is a pupil of that name already: ann");
     EXPECT_EQ(why(desk_.rename(2, "BEN")), "") << "only the case changes";
     EXPECT_EQ(undo(), "Taken back: renaming Ben to BEN");
     Lines many;
     for (int i = 0; i < 1000; ++i) many.push_back("Pupil " + std::to_string(i));
     EXPECT_EQ(why(desk_.add(many, [](auto done, auto of) { return done < 300 || of != 1000; })), "it was stopped");
-    EXPECT_EQ(why(desk_.add(Lines(33'000, "x"), kNobodyWatches)), "There is a pupil of that name already: x");
+    EXPECT_EQ(why(desk_.add(Lines(33'000, "x"), kNobodyWatches)), "there is a pupil of that name already: x");
     ASSERT_EQ(other_.run("INSERT INTO Pupils VALUES (9, 'Cy', 'cy')"), "");  // since the book was read
     EXPECT_EQ(why(desk_.add({"Bo", "cy"}, kNobodyWatches)),
               "'cy' can't be kept: there is a pupil of that name already");
@@ -226,6 +227,94 @@ TEST_F(SchoolTest, AdviceFollowsTheOrderOfTheGames) {
     plays(1, 30, 120, 70);
     plays(1, 7, 120, 60);
     EXPECT_EQ(told(), "All games are done; most is to be won in 19. Game of 12 in the Red team.");
+}
+
+class WordSetTest : public StoreTest {
+protected:
+    static const SetKind& kind(const std::string& word) {
+        return *std::ranges::find(set_kinds(), word, &SetKind::word);
+    }
+    WordSets::Set set(const std::string& word) { return sets_.read(kind(word)).value(); }
+    /// As the games list them.
+    Lines listed() { return walk(*rows("sortedgames"), "gamename"); }
+
+    std::unique_ptr<ContentKeeper> keeper_ = engine_.open_content(name_).value();
+    WordSets sets_{*keeper_, folder_.path() / "content"};
+};
+
+TEST_F(WordSetTest, EachFaultIsToldInItsCellAndOnlyAWholeSetIsKept) {
+    const SetRows good = set("rhymes1").rows;
+    ASSERT_EQ(good[0], (SetRow{"1", "Bal", "al"}));
+    EXPECT_TRUE(faults_in(kind("rhymes1"), good).empty());
+    SetRows bad = good;
+    bad[1] = {"1", "Bral", "al"};
+    bad[2] = {"x", "", "al"};
+    Lines told;
+    for (const auto& fault : faults_in(kind("rhymes1"), bad)) {
+        told.push_back(std::to_string(fault.line) + (fault.column ? "/" + std::to_string(*fault.column) : "") + " " +
+                       fault.reason);
+    }
+    EXPECT_EQ(told, (Lines{"2/1 Word 'Bral' should be one letter and the Ending 'al'",
+                           "3/0 Group is 'x', but should be a number from 1 to 7", "3/1 Word is empty"}));
+    EXPECT_EQ(why(sets_.keep(kind("rhymes1"), bad)), "in line 2 Word 'Bral' should be one letter and the Ending 'al'");
+    EXPECT_EQ(set("rhymes1").rows, good);
+    SetRows games = set("games").rows;
+    for (SetRow& game : games) game[3] = "no";
+    EXPECT_EQ(why(sets_.keep(kind("games"), games)), "no game is left in the list");
+    games.pop_back();
+    EXPECT_EQ(faults_in(kind("games"), games).front().reason, "there is no game with the Kind of game 1");
+}
+
+TEST_F(WordSetTest, ATeachersSetOutlivesEveryUpgradeUntilItIsGivenBack) {
+    SetRows words = set("rhymes1").rows;
+    words[0] = {"1", "cal", "al"};
+    SetRows games = set("games").rows;
+    std::swap(games[0][1], games[1][1]);
+    games[0][2] = "Hunt";
+    games[2][3] = "no";
+    ASSERT_EQ(why(sets_.keep(kind("rhymes1"), words)), "");
+    ASSERT_EQ(why(sets_.keep(kind("games"), games)), "");
+    const Lines as_wished = listed();
+    EXPECT_EQ(as_wished.size(), 29U);
+    EXPECT_EQ(as_wished[0], "Game of 29");
+    EXPECT_EQ(as_wished[1], "Hunt");
+
+    ContentTables upgrade;
+    auto& changed = upgrade.files["words-keystage1.tsv"];
+    changed.replace(changed.find("bal"), 3, "mal");
+    auto& sentences = upgrade.files["sentences-keystage1.tsv"];
+    sentences.replace(sentences.find("Once"), 4, "Ones");
+    auto& looks = upgrade.files["games.tsv"];
+    looks.replace(looks.find("\t9\t"), 3, "\t5\t");
+    upgrade.write(folder_.path() / "content");
+    ASSERT_EQ(build_store(folder_.path() / "content", file_), Lines{});
+    EXPECT_EQ(set("rhymes1").rows[0], (SetRow{"1", "Cal", "al"}));
+    EXPECT_EQ(set("sentences1").rows[0][1], "Ones o the big dog ran.");
+    EXPECT_EQ(listed(), as_wished);
+    EXPECT_EQ(other_.rows("SELECT Panels FROM Templates WHERE Template_ID = 1"), Lines{"5"}) << "the rest is today's";
+    EXPECT_TRUE(set("rhymes1").maker == Maker::Teacher && set("sentences1").maker == Maker::Marrowfen);
+
+    ASSERT_EQ(why(sets_.go_back(kind("rhymes1"))), "");
+    ASSERT_EQ(why(sets_.go_back(kind("games"))), "");
+    EXPECT_EQ(set("rhymes1").rows[0], (SetRow{"1", "Mal", "al"}));
+    EXPECT_EQ(listed().size(), 30U);
+    EXPECT_EQ(listed()[0], "Game of 30");
+    EXPECT_TRUE(set("games").maker == Maker::Marrowfen);
+}
+
+TEST_F(WordSetTest, ASetGoesOutToAFileAndComesBack) {
+    SetRows sentences = set("sentences2").rows;
+    sentences[0][1] = "\"Oh!\" said the big dog and ran.";
+    const auto file = folder_.path() / "mine.tsv";
+    for (const auto& [word, rows] : {std::pair{"sentences2", sentences}, {"games", set("games").rows}}) {
+        ASSERT_EQ(write_set(kind(word), rows, file), std::nullopt);
+        Faults faults;
+        EXPECT_EQ(read_set(kind(word), file, faults), rows);
+        EXPECT_EQ(faults.lines(), Lines{});
+    }
+    Faults faults;
+    EXPECT_EQ(read_set(kind("rhymes1"), file, faults), SetRows{});
+    EXPECT_FALSE(faults.none());
 }
 
 }  // namespace

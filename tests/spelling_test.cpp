@@ -92,23 +92,6 @@ TEST_F(SentenceGame, TheGroupsOfARhymingGameBeforeItCountAsSentencesPlayed) {
     EXPECT_EQ(card().Sentence.Text.get(), all.at(1).sentence);
 }
 
-TEST_F(SentenceGame, EveryWordOfEverySentenceCanBeSpelled) {
-    for (const int game : {25, 29}) {
-        const auto all = rows(game);
-        for (std::size_t row = 0; row < all.size(); ++row) {
-            for (std::size_t word_class = 0; word_class < 3; ++word_class) {
-                script_sentence({static_cast<int>(row) + 1}, all.size(), static_cast<int>(word_class) + 1);
-                begins(game);
-                EXPECT_EQ(card().wordtype.Text.get(), kClasses.at(word_class));
-                EXPECT_NE(card().Sentence.Text->find(all[row].words.at(word_class)), std::string::npos);
-                ann.types(all[row].words.at(word_class));
-                EXPECT_EQ(room.heard_and_forgotten(), std::vector<std::string>{"magic.au"}) << all[row].sentence;
-                goes_back_to_the_list();
-            }
-        }
-    }
-}
-
 TEST_F(SentenceGame, ASentenceWithAnEmptyFieldIsPassedOver) {
     const auto all = rows(25);
     const auto count = static_cast<int>(all.size());

@@ -81,6 +81,20 @@ TEST_F(StoreTest, RefusesARowThatIsNotRightAndKeepsNothingOfIt) {
     EXPECT_EQ(std::get<std::string>(add_pupil("Zed")), "all 32767 pupil numbers have been used");
 }
 
+TEST_F(StoreTest, WaitsForAnotherComputerThatIsSoonDone) {
+    SqliteStoreEngine engine(files_);
+    const auto store = engine.open(name_).value();
+    bool waited = false;
+    engine.patience().on_wait = [&] {
+        waited = true;
+        other_.run("COMMIT");
+    };
+    engine.patience().begin_turn();
+    ASSERT_EQ(other_.run("BEGIN EXCLUSIVE"), "");
+    EXPECT_EQ(std::get<std::int64_t>(add_pupil(*store, "Ann")), 1);
+    EXPECT_TRUE(waited);
+}
+
 TEST_F(StoreTest, SaysThatAnotherComputerIsWritingAndWorksAgainAfterwards) {
     std::vector<std::string> names{"Ann"};
     for (int i = 0; i < 30; ++i) names.push_back("Pupil " + std::to_string(i));  // more than are read at once

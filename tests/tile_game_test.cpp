@@ -30,8 +30,8 @@ TEST_F(TileGame, GoesThroughAllLettersOnceAndSoundsEachButTheLast) {
         EXPECT_TRUE(!plays() || key(letter).Picture == picture) << "the key shows what lay on the tile";
     }
     EXPECT_EQ(seen.size(), 36U);
-    EXPECT_EQ(room.heard_and_forgotten(), cues);
     EXPECT_EQ(room.sound.paths().back(), room.folder_in_logic() + "\\Sound\\Applause.wav");
+    EXPECT_EQ(room.heard_and_forgotten(), cues);
     EXPECT_EQ(room.open_forms(), (std::vector{FormId::frmBackGround, FormId::frmScore}));
 }
 

@@ -5,8 +5,8 @@
 #include <QApplication>
 #include <QFile>
 #include <QImage>
-#include <QTemporaryDir>
 #include <QTest>
+#include <QWheelEvent>
 #include <QWindow>
 #include <algorithm>
 #include <memory>
@@ -17,6 +17,8 @@
 #include "platform/forms/desktop.h"
 #include "platform/qt/qt_display.h"
 #include "platform/system/disk_files.h"
+#include "replay/event_line.h"
+#include "temporary_folder.h"
 
 namespace marrowfen {
 
@@ -25,9 +27,6 @@ using Told = std::vector<std::string>;
 struct Toy : Form {
     explicit Toy(Desktop& the_desktop, Size size = {7500, 6000})
         : Form(the_desktop, {.size = size, .key_preview = KeyPreview::Yes, .back = kYellow}) {}
-    void key_down(const KeyEvent& event) override {
-        if (event.key == Key::D && event.alt) told.emplace_back("Alt+D");
-    }
     Told told;
 };
 
@@ -42,11 +41,11 @@ struct Holding : Toy {
 
 /// The real display on a screen that nobody sees, with forms that only tests know. Places on a form are pixels of the
 /// design.
-class ToyScreen : public testing::Test {
+class ToyScreen : public testing::Test, InputSink {
 protected:
     ToyScreen() {
-        QFile::link(MARROWFEN_ARTWORK, folder_.filePath("Artwork"));
-        display_.attach(desktop_, desktop_);
+        QFile::link(MARROWFEN_ARTWORK, QString::fromStdString((folder_.path() / "Artwork").string()));
+        display_.attach(desktop_, *this);
     }
 
     template <class F, class... Args>
@@ -54,11 +53,11 @@ protected:
         auto& form = static_cast<F&>(desktop_.load(std::make_unique<F>(desktop_, std::forward<Args>(args)...)));
         desktop_.show(form);
         settle();
+        if (!std::exchange(has_a_size_, true)) screen_is(1024, 768);
         return form;
     }
     void screen_is(int width, int height) {
         window().resize(width, height);
-        scale_ = std::min(width / 1024.0, height / 768.0);
         settle();
     }
     void settle() { display_.run_waiting_events(); }
@@ -73,30 +72,35 @@ protected:
         return *window().findChild<W*>();
     }
 
-    void draw_picture(const QString& name, QSize size, QColor colour, int dots_per_metre = 3780) const {
+    void draw_picture(const std::string& name, QSize size, QColor colour, int dots_per_metre = 3780) const {
         QImage image(size, QImage::Format_RGB32);
         image.fill(colour);
         image.setDotsPerMeterX(dots_per_metre);
         image.setDotsPerMeterY(dots_per_metre);
-        ASSERT_TRUE(image.save(folder_.filePath(name)));
+        ASSERT_TRUE(image.save(QString::fromStdString((folder_.path() / name).string())));
     }
     [[nodiscard]] Picture picture(const std::string& name) const {
         return Picture::file(files_.program_folder() + "\\" + name);
     }
 
-    [[nodiscard]] QPoint at(const Form& form, int x, int y) const {
-        return {qRound((form.Left / 15.0 + x) * scale_), qRound((form.Top / 15.0 + y) * scale_)};
+    [[nodiscard]] static double scale() { return std::min(window().width() / 1024.0, window().height() / 768.0); }
+    [[nodiscard]] static QPoint at(const Form& form, int x, int y) {
+        return {qRound((form.Left / 15.0 + x) * scale()), qRound((form.Top / 15.0 + y) * scale())};
     }
-    [[nodiscard]] QColor seen(const Form& form, int x, int y) const {
-        return window().grab().toImage().pixelColor(at(form, x, y));
+    /// In dots of the screen, of which a unit of the window may have several.
+    [[nodiscard]] static QPoint dot(const Form& form, double x, double y) {
+        const double dots = scale() * window().devicePixelRatioF();
+        return {qRound((form.Left / 15.0 + x) * dots), qRound((form.Top / 15.0 + y) * dots)};
     }
+    [[nodiscard]] static QImage shot() { return window().grab().toImage(); }
+    [[nodiscard]] static QColor seen(const Form& form, int x, int y) { return shot().pixelColor(dot(form, x, y)); }
     /// What differs from the form's yellow, inside a part of it.
-    [[nodiscard]] QRect ink(const Form& form, QRect part) const {
-        const QImage image = window().grab().toImage();
+    [[nodiscard]] static QRect ink(const Form& form, QRect part) {
+        const QImage image = shot();
         QRect found;
         for (int y = part.top(); y <= part.bottom(); ++y) {
             for (int x = part.left(); x <= part.right(); ++x) {
-                if (image.pixelColor(at(form, x, y)) != QColor(Qt::yellow)) found |= QRect(x, y, 1, 1);
+                if (image.pixelColor(dot(form, x, y)) != QColor(Qt::yellow)) found |= QRect(x, y, 1, 1);
             }
         }
         return found;
@@ -108,7 +112,7 @@ protected:
     }
     void release(const Form& form, int x, int y) { QTest::mouseRelease(handle(), Qt::LeftButton, {}, at(form, x, y)); }
     void move(const Form& form, int x, int y) { QTest::mouseMove(handle(), at(form, x, y)); }
-    void click(const Form& form, int x, int y) { press(form, x, y), release(form, x, y); }
+    void click(const Form& form, int x, int y) const { click(at(form, x, y)); }  // which the form may not outlive
     static void click(QPoint place) {
         QTest::mousePress(handle(), Qt::LeftButton, {}, place, kPause);
         QTest::mouseRelease(handle(), Qt::LeftButton, {}, place);
@@ -118,16 +122,34 @@ protected:
         QTest::mousePress(handle(), Qt::LeftButton, {}, place, 1);
         QTest::mouseRelease(handle(), Qt::LeftButton, {}, place, 1);
     }
+    static void turn_wheel(QPoint place) {
+        QWheelEvent turn(place, handle()->mapToGlobal(place), {}, {0, -120}, {}, {}, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(handle(), &turn);
+    }
     void type(Qt::Key key, Qt::KeyboardModifiers held = {}) { QTest::keyClick(handle(), key, held); }
     void type(const std::string& text) {
         for (const char character : text) QTest::keyClick(handle(), character);
     }
 
-    QTemporaryDir folder_;
-    const DiskFiles files_{folder_.path().toStdString()};
+    /// What the desktop has been told since the last time, in the words of a recording.
+    [[nodiscard]] Told words() { return std::exchange(words_, {}); }
+
+private:
+    Taker handle(const InputEvent& event) override {
+        words_.push_back(to_text(event.what, forms_));
+        return desktop_.handle(event);
+    }
+
+protected:
+    TemporaryFolder folder_;
+    const DiskFiles files_{folder_.path()};
     QtDisplay display_{files_};
     Desktop desktop_{display_};
-    double scale_ = 800 / 1024.0;  // of the screen that this platform pretends to have
+
+private:
+    FormSet forms_{desktop_};
+    Told words_;
+    bool has_a_size_ = false;
 };
 
 }  // namespace marrowfen

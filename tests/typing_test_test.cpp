@@ -11,20 +11,6 @@ class TypingTest : public ::testing::Test, protected Lesson {
 protected:
     [[nodiscard]] frmTypingTest& test() { return room.form<frmTypingTest>(); }
     [[nodiscard]] std::string built() { return test().BuildTest.Caption; }
-    /// The key that the border stands round; empty: it is hidden.
-    [[nodiscard]] std::string marked() {
-        if (!test().PanBorder.Visible) return {};
-        for (const PictureBox& key : test().Keys) {
-            if (key.Left - 25 == test().PanBorder.Left && key.Top - 25 == test().PanBorder.Top) return key.Tag;
-        }
-        return "none";
-    }
-    void holds_down(char32_t character, int repeats) {
-        for (int i = 0; i <= repeats; ++i) {
-            if (i > 0) room.display.tell(KeyUp{.repeats = true});
-            room.display.tell(KeyDown{.repeats = i > 0, .character = character});
-        }
-    }
 };
 
 TEST_F(TypingTest, OnlyTheFirstLetterMayBeACapital) {
@@ -52,31 +38,6 @@ TEST_F(TypingTest, OnlyTheFirstLetterMayBeACapital) {
         EXPECT_EQ(built(), expected) << typed;
         ann.presses(&frmTypingTest::skip_de);
     }
-}
-
-TEST_F(TypingTest, TheBorderStandsOnTheKeyThatIsDueAsLongAsAKeyIsDown) {
-    ann.picks_game(27);
-    holds_down('x', 0);
-    EXPECT_EQ(marked(), "T");
-    room.display.tell(KeyUp{});
-    EXPECT_EQ(marked(), "");
-    holds_down('t', 0);
-    EXPECT_EQ(marked(), "T");
-    holds_down('t', 2);  // held on, it is a wrong key for the next letter
-    EXPECT_EQ(marked(), "H");
-    EXPECT_EQ(built(), "t");
-    room.display.tell(KeyUp{});
-    EXPECT_EQ(marked(), "");
-    ann.types("h");
-    holds_down('e', 1);  // a blank is due after the first of them, and has no key
-    EXPECT_EQ(marked(), "E");
-    EXPECT_EQ(built(), "the");
-    room.display.tell(KeyUp{});
-    holds_down('x', 0);
-    EXPECT_EQ(marked(), "");
-    holds_down(' ', 3);  // as the q is due by then
-    EXPECT_EQ(marked(), "Q");
-    EXPECT_EQ(built(), "the ");
 }
 
 TEST_F(TypingTest, TheKeyboardIsHeardWhateverWasClicked) {

@@ -1,10 +1,12 @@
 # Sourced by ./run and ./test: installs what is missing, configures, builds. Says how far it is, and next to
 # nothing when there is nothing to do.
 
-build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev qt6-wayland libpng-dev libsqlite3-dev
-    libutf8proc-dev libcsv-dev libsdl2-dev libsndfile1-dev espeak-ng csound sox fonts-comic-neue fonts-sil-andika)
+build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev qt6-charts-dev libqt6opengl6-dev qt6-wayland
+    libpng-dev libimagequant-dev libsqlite3-dev libutf8proc-dev libcsv-dev libcli11-dev nlohmann-json3-dev libsdl2-dev
+    libsndfile1-dev espeak-ng csound sox fonts-comic-neue fonts-sil-andika)
 test_packages=(libgtest-dev xvfb xauth xdotool sqlite3 clang-format)
 fuzz_packages=(clang-16 libclang-rt-16-dev)  # only for tools/trials fuzz
+bench_packages=(libbenchmark-dev libx11-dev libxtst-dev libxdamage-dev valgrind)
 package_packages=(git dpkg-dev debhelper fakeroot lintian desktop-file-utils appstream librsvg2-bin help2man file)  # only for tools/package
 
 
@@ -77,5 +79,15 @@ run_tests() {
     local free=0
     [ ! -w /dev/shm ] || free=$(df --output=avail -k /dev/shm | tail -n 1)
     [ "$free" -lt 500000 ] || local -x TMPDIR=/dev/shm
-    ctest -j2 "$@"
+    ctest -j"$(($(nproc) + 2))" "$@"  # some tests wait for a screen or a loudspeaker most of their time
+}
+
+# try_store WHAT TIMES: a trial of the store, told in full.
+try_store() {
+    local log=build/trials.log
+    install_missing "${build_packages[@]}" "${test_packages[@]}"
+    mkdir -p build
+    { cmake --preset dev && cmake --build --preset dev --target store_trials; } >"$log" 2>&1 || { tail -n 40 "$log" >&2; exit 1; }
+    # In memory: what lasts is tried by taking it away, not by waiting for a disk.
+    TMPDIR=$([ -w /dev/shm ] && echo /dev/shm || echo /tmp) build/dev/tests/store_trials --gtest_brief=1 --gtest_filter="$1" --runs "$2"
 }

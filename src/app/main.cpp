@@ -8,8 +8,10 @@
 
 #include "app/all_forms.h"
 #include "app/options.h"
+#include "copies/advice.h"
 #include "platform/audio/late_sound.h"
 #include "platform/qt/failure_window.h"
+#include "platform/qt/only_run.h"
 #include "platform/qt/qt_clock.h"
 #include "platform/qt/qt_display.h"
 #include "platform/qt/toolkit.h"
@@ -35,44 +37,127 @@ struct Running {
     GameReferee referee;
 };
 
-int tell_start_failure(const Files& files, const std::filesystem::path& folder, const StoreFailure& failure) {
-    show_start_failure(files, "Marrowfen can't start. The file " + (folder / "data.mdb").string() +
-                                  " holds the pupils and the games, and it can't be opened: " + failure.reason +
-                                  ". Put a copy of it there that can be read and written, or run ./run where "
-                                  "Marrowfen was built, which makes a new one.");
-    return EXIT_FAILURE;
+/// Tells a person what is wrong with the store until it can be opened. False: the person has given up.
+bool wait_for_store(const Files& files, const Clock& clock) {
+    constexpr std::chrono::milliseconds kPatience{200};  // the window that tells of it must not stand still
+    SqliteStoreEngine store(files, kPatience);
+    const std::string path = files.program_folder() + "\\data.mdb";
+    const auto try_it = [&]() -> std::optional<std::string> {
+        store.patience().begin_turn();
+        const auto opened = store.open(path);
+        if (opened.failure() == nullptr) return std::nullopt;
+        const auto file = files.find(path);
+        return start_advice(*opened.failure(), Copies(file ? *file : *files.find(files.program_folder()) / "data.mdb"),
+                            clock);
+    };
+    const auto advice = try_it();
+    return !advice || show_start_failure(files, *advice, try_it);
+}
+
+/// What goes on round the games while they run: each event begins a turn of patience with other computers, whoever has
+/// to wait sees it, and a copy of the store is made each day.
+class Housekeeping final : public InputSink {
+public:
+    Housekeeping(SqliteStoreEngine& store, const Files& files, const Clock& clock, InputSink& games, Program& program)
+        : store_(store), games_(games), copy_(Copies(files.find(files.program_folder() + "\\data.mdb").value_or(""))) {
+        store_.patience().on_wait = [this] { show_waiting(true); };
+        program.on_seated = [this, &clock] { copy_.begin(clock.today()); };
+    }
+
+    Taker handle(const InputEvent& event) override {
+        if (const auto failure = copy_.take_failure()) tell(*failure);
+        ++running_;  // a handler that lets events in runs round another
+        store_.patience().begin_turn();
+        const Taker taker = games_.handle(event);
+        if (--running_ == 0) show_waiting(false);
+        return taker;
+    }
+
+private:
+    void tell(const StoreFailure& failure) {
+        if (failure.trouble == Trouble::Damaged) store_.condemn(failure);
+        (void)std::fprintf(stderr, "marrowfen: today's copy can't be made: %s\n", failure.reason.c_str());
+    }
+
+    void show_waiting(bool waits) {
+        if (waits == shown_) return;
+        shown_ = waits;
+        if (waits) {
+            QApplication::setOverrideCursor(Qt::WaitCursor);
+        } else {
+            QApplication::restoreOverrideCursor();
+        }
+    }
+
+    SqliteStoreEngine& store_;
+    InputSink& games_;
+    DailyCopy copy_;
+    int running_ = 0;
+    bool shown_ = false;
+};
+
+/// Whether the games may begin here. If not, they are being played already, and this start has shown or told so.
+bool is_first(OnlyRun& run, const Files& files) {
+    const std::string sentence =
+        "Marrowfen is open already, but this desktop did not let it come to the front. Look for its window among the "
+        "others.";
+    auto place = run.find_place();
+    const auto look_again = [&]() -> std::optional<std::string> {
+        place = run.find_place();
+        return place == OnlyRun::Place::SecondBehind ? std::optional(sentence) : std::nullopt;
+    };
+    if (place == OnlyRun::Place::SecondBehind && !show_start_failure(files, sentence, look_again)) return false;
+    return place == OnlyRun::Place::First;
+}
+
+void let_second_starts_show(OnlyRun& run, QtDisplay& display) {
+    run.on_second_start = [&display](OnlyRun::Answer answer) { display.window().come_to_front(std::move(answer)); };
 }
 
 int play(const std::filesystem::path& folder) {
     DiskFiles files(folder);
+    OnlyRun run(folder);
+    if (!is_first(run, files)) return EXIT_SUCCESS;
+    QtClock clock;
     SqliteStoreEngine store(files);
     LateSound sound(files);
-    QtClock clock;
     SeededRandom random;
     QtDisplay display(files);
     Running games(display, {store, sound, clock, random, files});
-    display.attach(games.desktop, games.desktop);
-    if (const auto failure = games.program.start()) return tell_start_failure(files, folder, *failure);
+    Housekeeping round(store, files, clock, games.desktop, games.program);
+    display.attach(games.desktop, round);
+    let_second_starts_show(run, display);
+    while (games.program.start()) {
+        if (!wait_for_store(files, clock)) return EXIT_FAILURE;
+    }
     return display.run();
 }
 
 int play_and_record(const std::filesystem::path& folder, const std::filesystem::path& file) {
+    DiskFiles files(folder);
+    OnlyRun run(folder);
+    if (!is_first(run, files)) return EXIT_SUCCESS;
     RecordingTape tape(file);
     if (!tape.works()) {
         (void)std::fprintf(stderr, "marrowfen: %s can't be written\n", file.c_str());
         return EXIT_FAILURE;
     }
-    DiskFiles files(folder);
+    QtClock clock;
+    if (!wait_for_store(files, clock)) return EXIT_FAILURE;
     SqliteStoreEngine store(files);
     LateSound sound(files);
-    QtClock clock;
     SeededRandom random;
     QtDisplay display(files);
     Recorder recorder(tape, display, {store, sound, clock, random, files});
     Running games(recorder.display(), recorder.ports());
     recorder.attach(games.program);
-    display.attach(games.desktop, recorder);
-    if (const auto failure = games.program.start()) return tell_start_failure(files, folder, *failure);
+    Housekeeping round(store, files, clock, recorder, games.program);
+    display.attach(games.desktop, round);
+    let_second_starts_show(run, display);
+    if (const auto failure = games.program.start()) {
+        (void)std::fprintf(stderr, "marrowfen: the pupils and games can't be read: %s\n", failure->reason.c_str());
+        return EXIT_FAILURE;
+    }
     recorder.started();
     return display.run();
 }

@@ -14,7 +14,8 @@ public:
     //                           left  top  width height
     Label   Label1   {*this, {     75,   0,  1095,  375}, "Choose a", comic(14.25), kRed};
     TextBox wordtype {*this, {   1230,   0,  1275,  390}, TextBox::Mode::ReadOnly,
-                      {.font = comic_underlined(14.25), .back = kYellow, .framed = false}, TextBox::kNoLimit, "Text1"};
+                      {.font = comic_underlined(14.25), .back = kYellow, .framed = false,
+                       .stand = TextBox::Stand::Top}, TextBox::kNoLimit, "Text1"};
     Label   Label2   {*this, {   2655,   0,  2730,  345}, "from this sentence", comic(14.25), kRed};
     TextBox Sentence {*this, {     75, 450,  5370,  375}, TextBox::Mode::ReadOnly,
                       {.font = comic(14.25), .back = kYellow, .framed = false}, TextBox::kNoLimit, "Text2"};

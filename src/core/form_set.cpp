@@ -23,7 +23,8 @@ Form* FormSet::find(std::string_view name) const {
 
 std::string_view FormSet::name_of(const Form& form) const {
     const auto* place = std::ranges::find(loaded_, &form);
-    return place == loaded_.end() ? std::string_view{} : kFormNames.at(static_cast<std::size_t>(place - loaded_.begin()));
+    return place == loaded_.end() ? std::string_view{}
+                                  : kFormNames.at(static_cast<std::size_t>(place - loaded_.begin()));
 }
 
 void FormSet::show(FormId id) {

@@ -30,7 +30,7 @@ public:
     Form* load(FormId id);
     [[nodiscard]] Form* find(FormId id) const { return loaded_[index(id)]; }  ///< nullptr: not loaded
 
-    [[nodiscard]] Form* find(std::string_view name) const;              ///< nullptr: not loaded, or no such form
+    [[nodiscard]] Form* find(std::string_view name) const;           ///< nullptr: not loaded, or no such form
     [[nodiscard]] std::string_view name_of(const Form& form) const;  ///< empty: not loaded
 
     template <class F>

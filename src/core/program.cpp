@@ -57,6 +57,7 @@ void Program::tell(const std::string& message) {
 }
 
 void Program::tell_unreadable(const StoreFailure& failure) {
+    if (failure.trouble == Trouble::Busy) return tell("Sorry, " + failure.reason + " just now. Please try again.");
     tell("Sorry, that can't be read just now: " + failure.reason + ". Please tell your teacher.");
 }
 

@@ -86,6 +86,12 @@ public:
     /// The window system wants the program to end: it does, once a result that waits to be kept has been kept.
     void close_requested();
 
+    /// A pupil has just sat down: nothing is at stake, and there is a moment for whatever must be done now and then.
+    void seated() const {
+        if (on_seated) on_seated();
+    }
+    std::function<void()> on_seated;
+
     /// A file below the program's folder; `below` begins with a backslash.
     [[nodiscard]] std::string path(std::string_view below) const;
 };

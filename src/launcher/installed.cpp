@@ -1,9 +1,9 @@
 // Starts the installed program for an account that plays.
 //
 // Pupils and results belong to the group `games`, and so does this program, which the system starts in that group
-// whoever starts it. It hands the group on to Marrowfen and is gone. Marrowfen itself can't be marked so: the toolkit, the
-// loudspeaker's server and screen readers refuse a program that has more rights than the account which started it, and
-// rightly, unless it holds them as its own, which is what happens here.
+// whoever starts it. It hands the group on to Marrowfen and is gone. Marrowfen itself can't be marked so: the toolkit,
+// the loudspeaker's server and screen readers refuse a program that has more rights than the account which started it,
+// and rightly, unless it holds them as its own, which is what happens here.
 
 #include <unistd.h>
 
@@ -23,12 +23,40 @@ namespace {
 
 /// What a desktop tells its programs. All else stays outside: a variable can name code that a library loads, and the
 /// group is lent to Marrowfen alone.
-constexpr std::array<std::string_view, 34> kHandedOn{
-    "AT_SPI_BUS_ADDRESS", "DBUS_SESSION_BUS_ADDRESS", "DESKTOP_SESSION", "DISPLAY", "GTK_IM_MODULE", "HOME", "LANG",
-    "LANGUAGE", "LC_ALL", "LC_CTYPE", "LC_MESSAGES", "LC_TIME", "LOGNAME", "PATH", "PULSE_SERVER",
-    "QT_ACCESSIBILITY", "QT_IM_MODULE", "QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "QT_QPA_PLATFORM", "QT_SCALE_FACTOR",
-    "SDL_AUDIODRIVER", "SHELL", "TERM", "TZ", "USER", "WAYLAND_DISPLAY", "XAUTHORITY", "XCURSOR_SIZE",
-    "XCURSOR_THEME", "XDG_CURRENT_DESKTOP", "XDG_RUNTIME_DIR", "XDG_SESSION_ID", "XDG_SESSION_TYPE", "XMODIFIERS"};
+constexpr std::array<std::string_view, 34> kHandedOn{"AT_SPI_BUS_ADDRESS",
+                                                     "DBUS_SESSION_BUS_ADDRESS",
+                                                     "DESKTOP_SESSION",
+                                                     "DISPLAY",
+                                                     "GTK_IM_MODULE",
+                                                     "HOME",
+                                                     "LANG",
+                                                     "LANGUAGE",
+                                                     "LC_ALL",
+                                                     "LC_CTYPE",
+                                                     "LC_MESSAGES",
+                                                     "LC_TIME",
+                                                     "LOGNAME",
+                                                     "PATH",
+                                                     "PULSE_SERVER",
+                                                     "QT_ACCESSIBILITY",
+                                                     "QT_IM_MODULE",
+                                                     "QT_LINUX_ACCESSIBILITY_ALWAYS_ON",
+                                                     "QT_QPA_PLATFORM",
+                                                     "QT_SCALE_FACTOR",
+                                                     "SDL_AUDIODRIVER",
+                                                     "SHELL",
+                                                     "TERM",
+                                                     "TZ",
+                                                     "USER",
+                                                     "WAYLAND_DISPLAY",
+                                                     "XAUTHORITY",
+                                                     "XCURSOR_SIZE",
+                                                     "XCURSOR_THEME",
+                                                     "XDG_CURRENT_DESKTOP",
+                                                     "XDG_RUNTIME_DIR",
+                                                     "XDG_SESSION_ID",
+                                                     "XDG_SESSION_TYPE",
+                                                     "XMODIFIERS"};
 
 /// People, and not what the system runs: those accounts lie below 1000, or are made for a service while it runs.
 bool is_a_person(uid_t account) {

@@ -30,7 +30,8 @@ void run(const std::vector<std::string>& words) {
     const pid_t child = ::fork();
     if (child == 0) ::_exit(become(words));
     int status = 0;
-    while (child > 0 && ::waitpid(child, &status, 0) < 0 && errno == EINTR) {}
+    while (child > 0 && ::waitpid(child, &status, 0) < 0 && errno == EINTR) {
+    }
 }
 
 }  // namespace marrowfen

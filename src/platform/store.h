@@ -22,6 +22,7 @@ enum class Trouble : std::uint8_t {
     Busy,         ///< another computer holds it: asking again later helps
     Newer,        ///< made by a later version of the program
     NotWritable,  ///< for this account
+    Refused,      ///< it does not fit what is stored already
 };
 
 /// Why the store could not do something, as the rest of a sentence for a person: "the disk is full".

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "platform/letters.h"
+
 namespace marrowfen {
 
 frmNewPupil::frmNewPupil(Program& program) : ProgramForm(program, {.size = {6585, 3855}}) {
@@ -19,7 +21,7 @@ void frmNewPupil::back() {
 
 void frmNewPupil::next() {
     const std::string name = txtpupilname.Text;
-    if (name.empty()) {
+    if (!can_be_seen(name)) {
         program_.tell("Please type in your name");
         return;
     }
@@ -35,6 +37,7 @@ void frmNewPupil::next() {
     }
     program_.forms.show(FormId::frmGames);
     program_.forms.unload(kId);
+    program_.seated();
 }
 
 std::optional<StoreFailure> frmNewPupil::add(const std::string& name) {

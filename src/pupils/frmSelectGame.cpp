@@ -10,7 +10,7 @@ frmSelectGame::frmSelectGame(Program& program)
 
 std::optional<StoreFailure> frmSelectGame::read() {
     const auto pupils = program_.open_rows("SortedPupils");
-    const auto names = lines_of(*pupils, [](const RowSet& row) { return as_text(row.field("Pupilname")); });
+    auto names = lines_of(*pupils, [](const RowSet& row) { return as_text(row.field("Pupilname")); });
     if (const auto* failure = names.failure()) return *failure;
     std::string in_the_box = names.value().empty() ? std::string{} : names.value().front();
     if (const auto id = program_.state.PupilID; id != 0 && !names.value().empty()) {
@@ -18,8 +18,7 @@ std::optional<StoreFailure> frmSelectGame::read() {
         if (const auto* failure = name.failure()) return *failure;
         in_the_box = as_text(name.value());
     }
-    cmbPupils.clear();
-    for (const std::string& name : names.value()) cmbPupils.add(name);
+    cmbPupils.fill(std::move(names).value());
     cmbPupils.Text = in_the_box;
     return std::nullopt;
 }
@@ -48,6 +47,7 @@ void frmSelectGame::pupil_chosen() {
     if (const auto failure = RunGame()) return program_.tell_unreadable(*failure);
     program_.forms.show(FormId::frmGames);
     program_.forms.hide(kId);
+    if (program_.state.PupilID != 0) program_.seated();
 }
 
 void frmSelectGame::new_player() {

@@ -15,7 +15,8 @@ const StoreFailure kNoAnswer{"the recording does not answer"};
 // What can fail is `ok`, or `!` and the reason, with the number of a trouble that has a name.
 std::string refused(const StoreFailure& failure) {
     const std::string reason = "!" + in_quotes(failure.reason);
-    return failure.trouble == Trouble::Other ? reason : reason + " " + std::to_string(static_cast<int>(failure.trouble));
+    return failure.trouble == Trouble::Other ? reason
+                                             : reason + " " + std::to_string(static_cast<int>(failure.trouble));
 }
 std::string outcome(const std::optional<StoreFailure>& failure) { return failure ? refused(*failure) : "ok"; }
 

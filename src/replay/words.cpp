@@ -35,18 +35,6 @@ std::optional<std::string> unquoted(std::string_view word) {
     return text;
 }
 
-std::optional<Value> to_date(std::string_view text) {
-    int year = 0;
-    unsigned month = 0;
-    unsigned day = 0;
-    if (text.size() != 10) return std::nullopt;
-    std::from_chars(text.data(), text.data() + 4, year);
-    std::from_chars(text.data() + 5, text.data() + 7, month);
-    std::from_chars(text.data() + 8, text.data() + 10, day);
-    const std::chrono::year_month_day date{std::chrono::year{year}, std::chrono::month{month}, std::chrono::day{day}};
-    return date.ok() ? std::optional<Value>(date) : std::nullopt;
-}
-
 }  // namespace
 
 std::string in_quotes(std::string_view text) {
@@ -77,7 +65,10 @@ std::string to_word(const Value& value) {
 
 std::optional<Value> to_value(std::string_view word) {
     if (word == "-") return Value{};
-    if (word.starts_with('d')) return to_date(word.substr(1));
+    if (word.starts_with('d')) {
+        const auto date = date_in(word.substr(1));
+        return date ? std::optional<Value>(*date) : std::nullopt;
+    }
     if (word.starts_with('"')) {
         auto text = unquoted(word);
         return text ? std::optional<Value>(std::move(*text)) : std::nullopt;

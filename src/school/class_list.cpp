@@ -60,7 +60,7 @@ std::vector<ClassList::Line> ClassList::lines(std::size_t column, const std::vec
         if (line.fault.empty() && given.has(line.name)) line.fault = kNameTaken;
         if (line.fault.empty()) {
             const auto [earlier, is_new] = seen.try_emplace(folded(line.name), row.line);
-            if (!is_new) line.fault = "The same name stands in line " + std::to_string(earlier->second);
+            if (!is_new) line.fault = "the same name stands in line " + std::to_string(earlier->second);
         }
         lines.push_back(std::move(line));
     }

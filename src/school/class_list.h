@@ -17,7 +17,7 @@ public:
     struct Line {
         int number = 0;  ///< in the text, from 1
         std::string name;
-        std::string fault;  ///< why the name can't be taken, as a sentence without its full stop; empty: it can
+        std::string fault;  ///< why the name can't be taken, as the rest of a sentence; empty: it can
     };
 
     /// `bytes` may have any encoding that spreadsheets write.

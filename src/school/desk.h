@@ -13,8 +13,7 @@ namespace marrowfen {
 enum class Results : std::uint8_t { Stay, GoToo };
 
 /// What a teacher does with pupils and results. Each step happens whole or not at all, and can be taken back, the last
-/// one first, for as long as the desk stands. Answers are sentences without their full stop: `failure` says why nothing
-/// was done.
+/// one first, for as long as the desk stands. A failure is the rest of a sentence, as the store's are.
 class Desk {
 public:
     Desk(Book& book, Register& keeper) : book_(book), register_(keeper) {}

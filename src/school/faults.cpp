@@ -4,7 +4,10 @@
 
 namespace marrowfen {
 
-void Faults::add(const std::filesystem::path& file, int line, const std::string& reason) {
+void Faults::add(const std::filesystem::path& file, int line, const std::string& reason,
+                 std::optional<std::size_t> column) {
+    constexpr std::size_t kMostPlaces = 2000;  // more than a table of somebody's own has cells
+    if (places_.size() < kMostPlaces) places_.push_back({line, column, reason});
     constexpr std::size_t kMostTold = 20;  // they fit a screen, and the first few say what is the matter
     const std::string name = file.generic_string();
     auto faults = std::ranges::find(files_, name, &OfOneFile::file);

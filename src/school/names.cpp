@@ -15,10 +15,10 @@ bool GivenNames::add(std::string_view name) { return names_.insert(folded(name))
 
 std::string fault_in_name(std::string_view name) {
     constexpr std::size_t kLongestName = 50;
-    if (name.empty()) return "There is no name here";
+    if (name.empty()) return "there is no name here";
     const auto length = length_in_characters(name);
     if (length <= kLongestName) return {};
-    return "The name has " + std::to_string(length) + " letters, and " + std::to_string(kLongestName) + " fit";
+    return "the name has " + std::to_string(length) + " letters, and " + std::to_string(kLongestName) + " fit";
 }
 
 }  // namespace marrowfen

@@ -21,8 +21,8 @@ private:
     std::unordered_set<std::string> names_;
 };
 
-/// Why nobody can be called that, as a sentence without its full stop; empty: the name is good. `name` is tidied.
+/// Why nobody can be called that, as the rest of a sentence; empty: the name is good. `name` is tidied.
 [[nodiscard]] std::string fault_in_name(std::string_view name);
-inline constexpr const char* kNameTaken = "There is a pupil of that name already";
+inline constexpr const char* kNameTaken = "there is a pupil of that name already";
 
 }  // namespace marrowfen

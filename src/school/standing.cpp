@@ -10,16 +10,6 @@ namespace {
 
 bool is_typing(const Played& played) { return played.time_limit == 0; }
 
-void count(Standing& standing, const Played& played) {
-    ++standing.times;
-    standing.last_day = std::max(standing.last_day, played.day);
-    if (!is_typing(played) && (!standing.best || is_better(played, *standing.best))) standing.best = played;
-    InGame& game = standing.games[played.game];
-    if (game.times++ == 0 || is_better(played, game.best)) game.best = played;
-    standing.latest.push_back(played);
-    if (standing.latest.size() > Standing::kLatest) standing.latest.erase(standing.latest.begin());
-}
-
 /// The next longer time limit.
 const Team* slower_team(std::int16_t time_limit) {
     const auto* team = std::ranges::find_if(kTeams, [&](const Team& each) { return each.time_limit > time_limit; });
@@ -51,10 +41,20 @@ std::string help_for(const Book& book, const Standing& standing) {
 
 }  // namespace
 
+void Standing::count(const Played& played) {
+    ++times;
+    last_day = std::max(last_day, played.day);
+    if (!is_typing(played) && (!best || is_better(played, *best))) best = played;
+    InGame& game = games[played.game];
+    if (game.times++ == 0 || is_better(played, game.best)) game.best = played;
+    latest.push_back(played);
+    if (latest.size() > kLatest) latest.erase(latest.begin());
+}
+
 std::vector<Standing> standings(const Book& book) {
     std::vector<Standing> all(book.pupils().size());
     for (const Played& played : book.results()) {
-        if (const auto place = book.place_of(played.pupil)) count(all[*place], played);
+        if (const auto place = book.place_of(played.pupil)) all[*place].count(played);
     }
     return all;
 }

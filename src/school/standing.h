@@ -25,6 +25,8 @@ struct Standing {
     std::vector<Played> latest;  ///< at most `kLatest`, the newest last
 
     static constexpr std::size_t kLatest = 4;
+
+    void count(const Played& played);  ///< one more, later than those before
 };
 
 /// One for each of the book's pupils, in their order. Results of removed pupils count for nobody.

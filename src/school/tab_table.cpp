@@ -81,6 +81,29 @@ TabTable::TabTable(std::filesystem::path file, const std::vector<std::string>& c
     if (input.bad()) faults.add(file_, 1, "the file can't be read to its end");
 }
 
+TabTable::TabTable(const std::vector<std::string>& columns, const std::vector<std::vector<std::string>>& rows,
+                   Faults& faults)
+    : columns_(columns), head_line_(0), has_its_columns_(true) {
+    for (const auto& written : rows) {
+        Row row{.line = static_cast<int>(rows_.size()) + 1, .cells = {}};
+        for (std::size_t column = 0; column < columns_.size(); ++column) {
+            const std::string& cell = written[column];
+            row.cells.push_back(trimmed(cell));
+            if (const auto reason = unreadable(cell); !reason.empty()) faults.add(file_, row.line, reason, column);
+        }
+        rows_.push_back(std::move(row));
+    }
+}
+
+bool TabTable::has_column(const std::filesystem::path& file, std::string_view name) {
+    std::ifstream input(file, std::ios::binary);
+    for (std::string line; std::getline(input, line);) {
+        if (line.starts_with('#')) continue;
+        return std::ranges::any_of(cells_of(line), [&](const std::string& cell) { return same_name(cell, name); });
+    }
+    return false;
+}
+
 void TabTable::read(std::istream& input, Faults& faults) {
     int number = 0;
     for (std::string text; std::getline(input, text);) {
@@ -145,7 +168,7 @@ void TabTable::add_row(int line, const std::vector<std::string>& cells, Faults& 
 }
 
 std::string RowReader::needed(std::size_t column) const {
-    if (cell(column).empty()) fault(table_.column(column) + " is empty");
+    if (cell(column).empty()) fault(column, name(column) + " is empty");
     return cell(column);
 }
 
@@ -156,8 +179,8 @@ std::optional<int> RowReader::whole(std::size_t column, int lowest, int highest)
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
     if (error == std::errc{} && end == text.data() + text.size() && number >= lowest && number <= highest)
         return number;
-    fault(table_.column(column) + " is '" + text + "', but should be a number from " + std::to_string(lowest) + " to " +
-          std::to_string(highest));
+    fault(column, name(column) + " is '" + text + "', but should be a number from " + std::to_string(lowest) + " to " +
+                      std::to_string(highest));
     return std::nullopt;
 }
 
@@ -165,8 +188,8 @@ void RowReader::only_once(std::size_t column, const std::string& compared, std::
     if (compared.empty()) return;
     const auto [earlier, is_new] = seen.try_emplace(compared, row_.line);
     if (is_new) return;
-    fault(table_.column(column) + " '" + cell(column) + "' stands in line " + std::to_string(earlier->second) +
-          " already");
+    fault(column,
+          name(column) + " '" + cell(column) + "' stands in line " + std::to_string(earlier->second) + " already");
 }
 
 bool all_small_letters(std::string_view text) {

@@ -22,6 +22,12 @@ public:
 
     /// A file that can't be read, or has other columns, has no rows, and `faults` says so.
     TabTable(std::filesystem::path file, const std::vector<std::string>& columns, Faults& faults);
+    /// Rows that somebody is writing, numbered from 1. `head_line` is 0 then.
+    TabTable(const std::vector<std::string>& columns, const std::vector<std::vector<std::string>>& rows,
+             Faults& faults);
+
+    /// Whether the line with the names of the columns has this one.
+    [[nodiscard]] static bool has_column(const std::filesystem::path& file, std::string_view name);
 
     [[nodiscard]] const std::vector<Row>& rows() const { return rows_; }
     [[nodiscard]] bool has_its_columns() const { return has_its_columns_; }
@@ -57,7 +63,11 @@ public:
     [[nodiscard]] std::optional<int> whole(std::size_t column, int lowest, int highest) const;
     /// A cell that must not stand in two lines; `seen` holds the earlier ones by the form in which they are compared.
     void only_once(std::size_t column, const std::string& compared, std::map<std::string, int>& seen) const;
-    void fault(const std::string& reason) const { faults_.add(table_.file(), row_.line, reason); }
+    void fault(std::size_t column, const std::string& reason) const {
+        faults_.add(table_.file(), row_.line, reason, column);
+    }
+    [[nodiscard]] const std::string& name(std::size_t column) const { return table_.column(column); }
+    [[nodiscard]] int line() const { return row_.line; }
 
 private:
     const TabTable& table_;

@@ -9,8 +9,8 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace marrowfen;
     namespace fs = std::filesystem;
-    constexpr std::array kTables{"games.tsv", "sentences-keystage1.tsv", "sentences-keystage2.tsv", "things.tsv",
-                                 "words-keystage1.tsv", "words-keystage2.tsv"};
+    constexpr std::array kTables{"games.tsv",  "sentences-keystage1.tsv", "sentences-keystage2.tsv",
+                                 "things.tsv", "words-keystage1.tsv",     "words-keystage2.tsv"};
     if (size == 0) return 0;
     static const TemporaryFolder content;
     for (const char* table : kTables) {

@@ -26,8 +26,10 @@ Content read_content(const std::filesystem::path& folder, const std::filesystem:
         const std::string table(game.content_table);
         if (table.empty() || std::ranges::count(content.tables, table, &ContentTable::name) > 0) continue;
         const auto file = folder / file_for(table);
-        content.tables.push_back(game.rhyme_groups > 0 ? read_words(file, table, game.rhyme_groups, faults)
-                                                       : read_sentences(file, table, faults));
+        const bool rhymes = game.rhyme_groups > 0;
+        const TabTable read(file, rhymes ? kWordColumns : kSentenceColumns, faults);
+        content.tables.push_back(rhymes ? read_words(read, table, game.rhyme_groups, faults)
+                                        : read_sentences(read, table, faults));
     }
     return content;
 }

@@ -4,18 +4,10 @@
 #include <string>
 #include <vector>
 
-#include "platform/value.h"
+#include "school/content_tables.h"
 #include "school/faults.h"
 
 namespace marrowfen {
-
-using Values = std::vector<Value>;
-
-/// The rows of one table of the store, each with a value for every field.
-struct ContentTable {
-    std::string name;
-    std::vector<Values> rows;
-};
 
 /// The names of things, for the keys in their order.
 using ThingNames = std::vector<std::string>;
@@ -44,9 +36,5 @@ struct Content {
 /// The table of the games, their looks, and the things that they show.
 void read_games(const std::filesystem::path& folder, const std::filesystem::path& drawings, Content& content,
                 Faults& faults);
-/// Groups 1 to `groups` must be there.
-[[nodiscard]] ContentTable read_words(const std::filesystem::path& file, const std::string& table, int groups,
-                                      Faults& faults);
-[[nodiscard]] ContentTable read_sentences(const std::filesystem::path& file, const std::string& table, Faults& faults);
 
 }  // namespace marrowfen

@@ -3,11 +3,8 @@
 
 #include "board/key_table.h"
 #include "content.h"
-#include "core/game_table.h"
 #include "core/key_pictures.h"
 #include "platform/letter_case.h"
-#include "platform/text/folding.h"
-#include "platform/text/letters.h"
 #include "school/tab_table.h"
 
 namespace marrowfen {
@@ -27,8 +24,6 @@ enum Column : std::uint8_t {
     kPictures
 };
 
-constexpr int kHighestNumber = 99;
-constexpr std::size_t kLongestName = 34;  // the list has no room for more
 constexpr const char* kSetOfThings = "things";
 
 ThingNames read_things(const std::filesystem::path& file, const std::filesystem::path& drawings, Faults& faults) {
@@ -41,15 +36,15 @@ ThingNames read_things(const std::filesystem::path& file, const std::filesystem:
         const std::string thing = row.needed(kPicture);
         if (things.size() < kKeyPlaces.size()) {
             const std::string key(1, kKeyPlaces[things.size()].tag);
-            if (row.cell(kKey) != key) row.fault("key is '" + row.cell(kKey) + "', but '" + key + "' comes here");
+            if (row.cell(kKey) != key) row.fault(kKey, "key is '" + row.cell(kKey) + "', but '" + key + "' comes here");
         }
         // Anything else could lead out of the folder of pictures, and a single letter is the name of a key's picture.
         if (!all_small_letters(thing)) {
-            row.fault("picture '" + thing + "' should have the letters a to z alone");
+            row.fault(kPicture, "picture '" + thing + "' should have the letters a to z alone");
         } else if (thing.size() == 1) {
-            row.fault("picture '" + thing + "' should have two letters or more");
+            row.fault(kPicture, "picture '" + thing + "' should have two letters or more");
         } else if (!drawings.empty() && !std::filesystem::exists(drawings / (thing + ".svg"))) {
-            row.fault("there is no drawing '" + thing + ".svg'");
+            row.fault(kPicture, "there is no drawing '" + thing + ".svg'");
         }
         row.only_once(kPicture, thing, seen);
         things.push_back(thing);
@@ -86,7 +81,8 @@ Value flag(const RowReader& row, const TabTable& table, std::size_t column) {
     const std::string& text = row.cell(column);
     if (text.empty()) return {};
     if (same_name(text, "True")) return std::int64_t{-1};
-    if (!same_name(text, "False")) row.fault(table.column(column) + " is '" + text + "', but should be True or False");
+    if (!same_name(text, "False"))
+        row.fault(column, table.column(column) + " is '" + text + "', but should be True or False");
     return std::int64_t{0};
 }
 
@@ -98,21 +94,15 @@ void check_look(const RowReader& row, const TabTable& table, const GameLook& loo
         const std::string& set = row.cell(column);
         const bool known = std::ranges::any_of(kPictureSets, [&](auto name) { return same_name(set, name); });
         if (!known && !set.empty()) {
-            row.fault(table.column(column) + " is '" + set + "', but should be Upper, Lower or Pictures");
+            row.fault(column, table.column(column) + " is '" + set + "', but should be Upper, Lower or Pictures");
         }
     }
     if (!all_letters(row.cell(kPictures))) {
-        row.fault("pics '" + row.cell(kPictures) + "' should have the letters A to Z alone");
+        row.fault(kPictures, "pics '" + row.cell(kPictures) + "' should have the letters A to Z alone");
     }
     if (look.shows_things && row.cell(kPictures).empty()) {
-        row.fault("background is True, so pics should name the pictures");
+        row.fault(kPictures, "background is True, so pics should name the pictures");
     }
-}
-
-void check_name(const RowReader& row, const std::string& name) {
-    const auto length = length_in_characters(name);
-    if (length <= kLongestName) return;
-    row.fault("GameName has " + std::to_string(length) + " letters, and " + std::to_string(kLongestName) + " fit");
 }
 
 }  // namespace
@@ -125,22 +115,14 @@ void read_games(const std::filesystem::path& folder, const std::filesystem::path
                           "backgroundletters", "Split", "background", "pics"},
                          faults);
     ThingTables things(folder, drawings, faults);
-    std::map<std::string, int> ids;
-    std::map<std::string, int> numbers;
-    std::map<std::string, int> names;
+    GameNames names({.id = kId, .number = kNumber, .name = kName});
     for (const TabTable::Row& line : table.rows()) {
         const RowReader row(table, line, faults);
-        const auto id = row.whole(kId, 1, static_cast<int>(listed_games().size()));
-        const auto number = row.whole(kNumber, 1, kHighestNumber);
-        const std::string name = row.needed(kName);
-        if (id) row.only_once(kId, std::to_string(*id), ids);
-        if (number) row.only_once(kNumber, std::to_string(*number), numbers);
-        row.only_once(kName, folded(name), names);
-        check_name(row, name);
+        const GameNames::Named game = names.read(row);
         const auto panels = row.whole(kPanels, 0, kTileCount - 1);
-        Values values{std::int64_t{id.value_or(0)},
-                      std::int64_t{number.value_or(0)},
-                      name,
+        Values values{std::int64_t{game.id},
+                      std::int64_t{game.number},
+                      game.name,
                       std::int64_t{panels.value_or(0)},
                       row.needed(kTiles),
                       text_or_null(row.cell(kFaces)),
@@ -164,12 +146,7 @@ void read_games(const std::filesystem::path& folder, const std::filesystem::path
         games.rows.push_back(std::move(values));
         content.looks.push_back(std::move(look));
     }
-    for (const Game& game : listed_games()) {
-        const std::string id = std::to_string(game.id);
-        if (table.has_its_columns() && !ids.contains(id)) {
-            faults.add(table.file(), table.head_line(), "there is no game with the Template_ID " + id);
-        }
-    }
+    names.finish(table, faults);
     content.tables.push_back(std::move(games));
 }
 

@@ -4,6 +4,7 @@
 #include <string>
 #include <system_error>
 
+#include "kept_sets.h"
 #include "platform/letter_case.h"
 #include "platform/sqlite/connection.h"
 #include "platform/sqlite/journal.h"
@@ -96,9 +97,11 @@ Outcome fill(Connection& connection, const Content& content, const std::string& 
 Outcome write_content(Connection& connection, const Content& content, const std::string& fingerprint) {
     Transaction transaction(connection);
     if (auto failure = transaction.begin()) return failure;
+    const auto kept = with_kept_sets(connection, content);
+    if (const auto* failure = kept.failure()) return *failure;
     if (auto failure = drop_content(connection)) return failure;
     if (auto failure = make_structure(connection)) return failure;
-    if (auto failure = fill(connection, content, fingerprint)) return failure;
+    if (auto failure = fill(connection, kept.value(), fingerprint)) return failure;
     if (auto failure = check_tables(connection)) return failure;
     return transaction.commit();
 }

@@ -20,10 +20,11 @@ ListedPicture picture_in(const RowReader& row) {
     ListedPicture picture{.file = row.needed(kFile), .cap = {}, .letter = {}, .drawing = row.cell(kDrawing)};
     const std::string& letter = row.cell(kLetter);
     if (letter.size() == 1) picture.letter = letter.front();
-    if (picture.letter.has_value() != picture.drawing.empty()) row.fault("there should be a letter or a drawing");
+    if (picture.letter.has_value() != picture.drawing.empty())
+        row.fault(kLetter, "there should be a letter or a drawing");
     if (row.cell(kCap).empty()) return picture;
     const auto* cap = std::ranges::find(kCaps, row.cell(kCap));
-    if (cap == kCaps.end()) row.fault("there is no cap '" + row.cell(kCap) + "'");
+    if (cap == kCaps.end()) row.fault(kCap, "there is no cap '" + row.cell(kCap) + "'");
     picture.cap = static_cast<CapKind>(cap - kCaps.begin());
     return picture;
 }

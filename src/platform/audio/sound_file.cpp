@@ -7,7 +7,8 @@
 #include <cstddef>
 #include <cstring>
 #include <memory>
-#include <system_error>
+
+#include "platform/system/small_file.h"
 
 namespace marrowfen {
 
@@ -29,17 +30,10 @@ bool is_fit_for_a_cue(const SF_INFO& info) {
            info.frames <= sf_count_t{kMostSeconds} * info.samplerate && info.frames <= kMostSamples / info.channels;
 }
 
-// A pipe or a device could keep the reader waiting for ever.
-bool is_worth_opening(const std::filesystem::path& file) {
-    std::error_code error;
-    return std::filesystem::is_regular_file(file, error) && std::filesystem::file_size(file, error) <= kMostBytes &&
-           !error;
-}
-
 }  // namespace
 
 Clip read_sound(const std::filesystem::path& file) {
-    if (!is_worth_opening(file)) return {};
+    if (!is_small_file(file, kMostBytes)) return {};
     SF_INFO info{};
     const SoundFile sound(sf_open(file.string().c_str(), SFM_READ, &info));
     if (!sound || !is_fit_for_a_cue(info)) return {};

@@ -3,6 +3,8 @@
 #include <cmath>
 #include <numbers>
 
+#include "platform/letters.h"
+
 namespace marrowfen {
 
 namespace {
@@ -61,15 +63,7 @@ TextBox::TextBox(Form& form, const Rect& bounds, Mode mode_, const Style& style_
       style(style_),
       max_length(max_length_) {}
 
-void TextBox::edit(std::string_view text) {
-    constexpr auto begins_a_letter = [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; };
-    std::size_t letters = 0;
-    std::size_t length = 0;
-    for (; length < text.size(); ++length) {
-        if (begins_a_letter(text[length]) && ++letters > max_length) break;
-    }
-    Text = std::string(text.substr(0, length));
-}
+void TextBox::edit(std::string_view text) { Text = fit_for_line(text, max_length); }
 
 ListBox::ListBox(Form& form, const Rect& bounds, const Style& style_) : Control(form, bounds), style(style_) {}
 
@@ -98,15 +92,10 @@ std::string ListBox::text() const { return selected_ ? entries_[*selected_] : st
 ComboBox::ComboBox(Form& form, const Rect& bounds, const ListBox::Style& style_)
     : Control(form, bounds), Text(*this, {}), style(style_) {}
 
-void ComboBox::clear() {
-    entries_.clear();
+void ComboBox::fill(std::vector<std::string> entries) {
+    entries_ = std::move(entries);
     touched();
     Text = "";
-}
-
-void ComboBox::add(std::string entry) {
-    entries_.push_back(std::move(entry));
-    touched();
 }
 
 void ComboBox::choose(std::size_t index) {

@@ -102,12 +102,14 @@ class TextBox final : public Control {
 public:
     [[nodiscard]] AnyControl any() override { return this; }
     enum class Mode : std::uint8_t { Editable, ReadOnly };
+    enum class Stand : std::uint8_t { Middle, Top };  ///< of the line in the box; a label's stands at the top
     static constexpr std::size_t kNoLimit = 32767;
     struct Style {
         marrowfen::Font font;
         Colour fore = kRed;
         Colour back = kWhite;
         bool framed = true;
+        Stand stand = Stand::Middle;
     };
     TextBox(Form& form, const Rect& bounds, Mode mode, const Style& style, std::size_t max_length = kNoLimit,
             std::string text = {});
@@ -116,7 +118,7 @@ public:
     const Mode mode;
     const Style style;
     const std::size_t max_length;  ///< in characters
-    /// The user has typed: what is more than `max_length` is dropped.
+    /// The user has typed: what is more than `max_length`, or no letter, is dropped.
     void edit(std::string_view text);
     [[nodiscard]] bool takes_focus() const override { return mode == Mode::Editable; }
     [[nodiscard]] bool is_field() const override { return mode == Mode::Editable; }
@@ -159,9 +161,8 @@ public:
     Property<std::string> Text;  ///< what the box shows
     const ListBox::Style style;
 
-    void clear();  ///< the list and the box
-    void add(std::string entry);
-    void choose(std::size_t index);  ///< the user picks an entry: the box shows it, and the click is told
+    void fill(std::vector<std::string> entries);  ///< with these instead of what was there; the box is empty
+    void choose(std::size_t index);               ///< the user picks an entry: the box shows it, and the click is told
     [[nodiscard]] const std::vector<std::string>& entries() const { return entries_; }
     [[nodiscard]] bool takes_focus() const override { return true; }
     [[nodiscard]] bool is_field() const override { return true; }

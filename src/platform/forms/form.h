@@ -23,6 +23,7 @@ struct FormDesign {
     KeyPreview key_preview = KeyPreview::No;
     Border border = Border::None;
     Colour back = kYellow;
+    Twips bare_top = 0;  ///< so much of its upper edge shows what lies below, under its controls
 };
 
 /// A window of the program. Handlers are told in the order load, activated, resized when it is first shown.

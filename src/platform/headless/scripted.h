@@ -53,7 +53,7 @@ public:
     }
     [[nodiscard]] const std::vector<std::string>& heard() const { return heard_; }
     [[nodiscard]] const std::vector<std::string>& paths() const { return paths_; }
-    void forget() { heard_.clear(); }
+    void forget() { heard_.clear(), paths_.clear(); }
 
 private:
     std::vector<std::string> heard_;

@@ -1,21 +1,45 @@
 #include "platform/qt/combo_field.h"
 
-#include <QAbstractItemView>
+#include <QHash>
 #include <QKeyEvent>
+#include <QListView>
 #include <QPainter>
 #include <QPainterPath>
 #include <algorithm>
 
 #include "platform/qt/events.h"
+#include "platform/qt/fitted_text.h"
 #include "platform/qt/house_style.h"
-#include "platform/qt/list_field.h"
 
 namespace marrowfen {
+
+namespace {
+
+// As the sum of its letters, which is never much too little, and takes no shaping of thirty thousand names.
+int widest_of(const std::vector<std::string>& entries, const QFontMetrics& metrics) {
+    QHash<QChar, int> widths;
+    int widest = 0;
+    for (const std::string& entry : entries) {
+        int width = 0;
+        for (const QChar letter : QString::fromStdString(entry)) {
+            auto known = widths.constFind(letter);
+            if (known == widths.constEnd()) known = widths.insert(letter, metrics.horizontalAdvance(letter));
+            width += *known;
+        }
+        widest = std::max(widest, width);
+    }
+    return widest;
+}
+
+}  // namespace
 
 ComboField::ComboField(Events& events, ComboBox& combo, QWidget* parent)
     : QComboBox(parent), events_(events), combo_(&combo) {
     constexpr int kMostRows = 8;  // they fit below the box
     setMaxVisibleItems(kMostRows);
+    setModel(&rows_);
+    setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);  // its place is given: no row has to be measured for it
+    static_cast<QListView*>(view())->setUniformItemSizes(true);
     setItemDelegate(new RoomyRows(this));
     setCursor(Qt::PointingHandCursor);
     setPalette(field_palette(combo.style.fore, combo.style.back));
@@ -29,13 +53,11 @@ ComboField::ComboField(Events& events, ComboBox& combo, QWidget* parent)
 }
 
 void ComboField::refresh() {
-    if (entries_ != combo_->entries()) {
-        entries_ = combo_->entries();
-        clear();
-        addItems(to_qt(entries_));
-    }
+    rows_.show(combo_->entries());
     shown_ = QString::fromStdString(combo_->Text);
-    setCurrentIndex(findText(shown_, Qt::MatchExactly | Qt::MatchCaseSensitive));
+    const auto& entries = rows_.entries();
+    const auto found = std::ranges::find(entries, combo_->Text.get());
+    setCurrentIndex(found == entries.end() ? -1 : static_cast<int>(found - entries.begin()));
     update();
 }
 
@@ -45,8 +67,7 @@ void ComboField::resize_to(const Scale& scale, const Typefaces& faces) {
 }
 
 void ComboField::showPopup() {
-    int widest = 0;
-    for (int i = 0; i < count(); ++i) widest = std::max(widest, fontMetrics().horizontalAdvance(itemText(i)));
+    const int widest = widest_of(rows_.entries(), fontMetrics());
     const int beside = 4 * fontMetrics().averageCharWidth() + style()->pixelMetric(QStyle::PM_ScrollBarExtent);
     view()->setMinimumWidth(std::clamp(widest + beside, width(), std::max(width(), window()->width())));
     QComboBox::showPopup();
@@ -71,9 +92,8 @@ void ComboField::paintEvent(QPaintEvent*) {
 
     const int margin = 6 * line_;
     const QRect text = rect().adjusted(margin, 0, -static_cast<int>(button.width()) - margin, 0);
-    painter.setPen(palette().color(QPalette::Text));
-    painter.drawText(text, static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter) | Qt::TextSingleLine,
-                     fontMetrics().elidedText(shown_, Qt::ElideRight, text.width()));
+    draw_line(painter, text, Qt::AlignLeft | Qt::AlignVCenter, shown_, font(), font().pixelSize(),
+              Ink(palette().color(QPalette::Text), palette().color(QPalette::Base)));
 }
 
 void ComboField::keyPressEvent(QKeyEvent* event) {

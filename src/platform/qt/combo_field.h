@@ -1,11 +1,10 @@
 #pragma once
 
 #include <QComboBox>
-#include <string>
-#include <vector>
 
 #include "platform/forms/controls.h"
 #include "platform/qt/field.h"
+#include "platform/qt/list_field.h"
 
 namespace marrowfen {
 
@@ -28,7 +27,7 @@ protected:
 private:
     Events& events_;
     ComboBox* combo_;
-    std::vector<std::string> entries_;  // as they are in the list
+    Rows rows_;
     QString shown_;
     int line_ = 1;
 };

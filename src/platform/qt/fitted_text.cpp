@@ -49,17 +49,18 @@ QString shortened(const QString& text, const QFont& font, QSize size) {
 }  // namespace
 
 void draw_wrapped(QPainter& painter, const QRect& bounds, Qt::Alignment align, const QString& text, const QFont& font,
-                  int smallest) {
+                  int smallest, const Ink& ink) {
     if (text.isEmpty() || bounds.isEmpty()) return;
     const auto fitting = shrunk(font, smallest, [&](const QFont& f) { return fits_wrapped(text, f, bounds.size()); });
     const QFont used = fitting.value_or(in_size(font, smallest));
     painter.setFont(used);
-    painter.drawText(bounds, static_cast<int>(align) | Qt::TextWordWrap,
-                     fitting ? text : shortened(text, used, bounds.size()));
+    const QString shown = fitting ? text : shortened(text, used, bounds.size());
+    draw_in(painter, ink, used.pixelSize(),
+            [&] { painter.drawText(bounds, static_cast<int>(align) | Qt::TextWordWrap, shown); });
 }
 
 void draw_line(QPainter& painter, const QRect& bounds, Qt::Alignment align, const QString& text, const QFont& font,
-               int smallest) {
+               int smallest, const std::optional<Ink>& ink) {
     if (text.isEmpty() || bounds.isEmpty()) return;
     const auto fitting = shrunk(font, smallest, [&](const QFont& f) {
         const QFontMetrics metrics(f);
@@ -67,8 +68,10 @@ void draw_line(QPainter& painter, const QRect& bounds, Qt::Alignment align, cons
     });
     const QFont used = fitting.value_or(font);
     painter.setFont(used);
-    painter.drawText(bounds, static_cast<int>(align | Qt::AlignVCenter) | Qt::TextSingleLine,
-                     fitting ? text : QFontMetrics(used).elidedText(text, Qt::ElideRight, bounds.width()));
+    const QString shown = fitting ? text : QFontMetrics(used).elidedText(text, Qt::ElideRight, bounds.width());
+    if ((align & Qt::AlignVertical_Mask) == 0) align |= Qt::AlignVCenter;
+    draw_in(painter, ink.value_or(Ink(painter.pen().color())), used.pixelSize(),
+            [&] { painter.drawText(bounds, static_cast<int>(align) | Qt::TextSingleLine, shown); });
 }
 
 }  // namespace marrowfen

@@ -45,7 +45,10 @@ QRect FormPainter::on_screen(const Rect& on_form) const {
 void FormPainter::paint(QPainter& painter, const QRegion& dirty) {
     painter.setRenderHint(QPainter::Antialiasing);
     const QRect whole = scale_.device(form_.bounds());
-    painter.fillRect(whole, to_qt(form_.design().back));
+    Rect filled = form_.bounds();
+    filled.top += form_.design().bare_top;
+    filled.height -= form_.design().bare_top;
+    painter.fillRect(scale_.device(filled), to_qt(form_.design().back));
     if (form_.design().border == Border::Thin) {
         const int width = scale_.device_pixels(1);
         painter.setPen(line(colours::kInk, width));
@@ -81,10 +84,21 @@ void FormPainter::paint(QPainter& painter, Control& control, const QRect& bounds
 
 void FormPainter::paint_label(QPainter& painter, const Label& label, const QRect& bounds) const {
     if (label.back) painter.fillRect(bounds, to_qt(*label.back));
-    painter.setPen(to_qt(label.ForeColor));
     const QFont font = faces_.caption(label.font, scale_.device_pixels(design_pixels(label.font.points)));
     draw_wrapped(painter, bounds, qt_alignment(label.align), QString::fromStdString(label.Caption), font,
-                 smallest_text());
+                 smallest_text(), {to_qt(label.ForeColor), to_qt(behind(label))});
+}
+
+Colour FormPainter::behind(const Label& label) const {
+    if (label.back) return *label.back;
+    Colour behind = form_.design().back;
+    for (Control* control : form_.controls()) {
+        if (control == &label) break;
+        const auto* panel = as<Shape>(control);
+        if (panel == nullptr || !panel->Visible || !panel->style.fill) continue;
+        if (panel->bounds().contains(label.bounds().centre())) behind = *panel->style.fill;
+    }
+    return behind;
 }
 
 void FormPainter::paint_text_box(QPainter& painter, const TextBox& box, const QRect& bounds) const {
@@ -102,10 +116,10 @@ void FormPainter::paint_text_box(QPainter& painter, const TextBox& box, const QR
     }
     const int margin = style.framed ? 3 * width : width;
     const QFont font = faces_.caption(style.font, scale_.device_pixels(design_pixels(style.font.points)));
-    painter.setPen(to_qt(box.ForeColor));
     // A little too long is better read a little smaller; far too long is shortened.
-    draw_line(painter, bounds.adjusted(margin, 0, -margin, 0), Qt::AlignLeft, QString::fromStdString(box.Text), font,
-              std::max(smallest_text(), font.pixelSize() * 3 / 4));
+    const Qt::Alignment align = Qt::AlignLeft | (style.stand == TextBox::Stand::Top ? Qt::AlignTop : Qt::AlignVCenter);
+    draw_line(painter, bounds.adjusted(margin, 0, -margin, 0), align, QString::fromStdString(box.Text), font,
+              std::max(smallest_text(), font.pixelSize() * 3 / 4), Ink(to_qt(box.ForeColor), to_qt(style.back)));
 }
 
 void FormPainter::paint_shape(QPainter& painter, const Shape& shape, const QRect& bounds) const {

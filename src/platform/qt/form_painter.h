@@ -42,6 +42,7 @@ private:
                        const QRect& bounds);
     void paint_dial(QPainter& painter, const Dial& dial) const;
     [[nodiscard]] QRect on_screen(const Rect& on_form) const;
+    [[nodiscard]] Colour behind(const Label& label) const;
     [[nodiscard]] int smallest_text() const { return scale_.device_pixels(6); }
 
     const Form& form_;

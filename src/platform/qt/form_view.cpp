@@ -69,7 +69,7 @@ void FormView::lay_out() {
     if (is_laid_out_ && wanted == geometry() && scale == scale_) return;
     // Where a dot of the screen is only a part of a unit, the outermost units may show what lies below.
     const double ratio = scale.device_pixel_ratio();
-    setAttribute(Qt::WA_OpaquePaintEvent, ratio == static_cast<int>(ratio));
+    setAttribute(Qt::WA_OpaquePaintEvent, ratio == static_cast<int>(ratio) && form_.design().bare_top == 0);
     setGeometry(wanted);
     for (const auto& [control, field] : fields_) {
         if (!is_laid_out_ || scale != scale_) field->resize_to(scale, surroundings_.faces);

@@ -1,8 +1,12 @@
 #include "platform/qt/house_style.h"
 
+#include <QFontMetrics>
+#include <QLineEdit>
 #include <QPainter>
 #include <QStyleOption>
 #include <algorithm>
+
+#include "platform/qt/ink.h"
 
 namespace marrowfen {
 
@@ -26,6 +30,28 @@ void draw_arrow_button(QPainter& painter, const QRectF& button, Arrow arrow) {
     painter.setPen(QPen(Qt::white, size / 14, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.drawPolyline(QPolygonF{tip + QPointF(-half, -half), tip, tip + QPointF(half, -half)});
 }
+
+namespace {
+
+// A text box draws its text itself, but for the outline; that has its place here, between the panel and the text.
+void draw_outline_in(QPainter& painter, const QLineEdit& box) {
+    const Ink ink(box.palette().color(QPalette::Text), box.palette().color(QPalette::Base));
+    if (!ink.outline || box.hasSelectedText()) return;
+    const QString& text = box.text();
+    const QFontMetrics metrics(box.font());
+    const int left = box.inputMethodQuery(Qt::ImCursorRectangle).toRect().center().x() -
+                     metrics.horizontalAdvance(text.left(box.cursorPosition()));
+    painter.save();
+    painter.setClipRect(box.contentsRect());
+    painter.setFont(box.font());
+    draw_outline(painter, ink, box.font().pixelSize(), [&] {
+        painter.drawText(QRect(left, 0, metrics.horizontalAdvance(text) + 1, box.height()),
+                         static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter) | Qt::TextSingleLine, text);
+    });
+    painter.restore();
+}
+
+}  // namespace
 
 HouseStyle::HouseStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
 
@@ -63,6 +89,13 @@ void HouseStyle::drawComplexControl(ComplexControl control, const QStyleOptionCo
     painter->setBrush(colours::kDeepBlue);
     painter->drawRoundedRect(slider.adjusted(margin, margin, -margin, -margin), margin, margin);
     painter->restore();
+}
+
+void HouseStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                               const QWidget* widget) const {
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
+    const auto* box = qobject_cast<const QLineEdit*>(widget);
+    if (element == PE_PanelLineEdit && box != nullptr) draw_outline_in(*painter, *box);
 }
 
 int HouseStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,

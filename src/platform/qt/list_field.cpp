@@ -3,8 +3,10 @@
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 #include <algorithm>
+#include <utility>
 
 #include "platform/qt/events.h"
+#include "platform/qt/fitted_text.h"
 #include "platform/qt/house_style.h"
 
 namespace marrowfen {
@@ -19,11 +21,34 @@ void RoomyRows::initStyleOption(QStyleOptionViewItem* option, const QModelIndex&
     option->state.setFlag(QStyle::State_MouseOver, false);
 }
 
-QStringList to_qt(const std::vector<std::string>& entries) {
-    QStringList list;
-    list.reserve(static_cast<qsizetype>(entries.size()));
-    for (const std::string& entry : entries) list.append(QString::fromStdString(entry));
-    return list;
+void RoomyRows::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
+    QStyleOptionViewItem row = option;
+    initStyleOption(&row, index);
+    const QStyle& style = *row.widget->style();
+    const int margin = style.pixelMetric(QStyle::PM_FocusFrameHMargin, &row, row.widget) + 1;
+    const QRect place =
+        style.subElementRect(QStyle::SE_ItemViewItemText, &row, row.widget).adjusted(margin, 0, -margin, 0);
+    const QString text = std::exchange(row.text, {});
+    style.drawControl(QStyle::CE_ItemViewItem, &row, painter, row.widget);
+    const bool selected = row.state.testFlag(QStyle::State_Selected);
+    const auto colour = [&](QPalette::ColorRole role) { return row.palette.color(role); };
+    const Ink ink = selected ? Ink(colour(QPalette::HighlightedText), colour(QPalette::Highlight))
+                             : Ink(colour(QPalette::Text), colour(QPalette::Base));
+    draw_line(*painter, place, Qt::AlignLeft | Qt::AlignVCenter, text, row.font, row.font.pixelSize(), ink);
+}
+
+void Rows::show(const std::vector<std::string>& entries) {
+    if (entries == entries_) return;
+    beginResetModel();
+    entries_ = entries;
+    endResetModel();
+}
+
+int Rows::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : static_cast<int>(entries_.size()); }
+
+QVariant Rows::data(const QModelIndex& index, int role) const {
+    if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::EditRole)) return {};
+    return QString::fromStdString(entries_[static_cast<std::size_t>(index.row())]);
 }
 
 ListField::ListField(Events& events, ListBox& list, QWidget* parent)
@@ -47,10 +72,7 @@ QModelIndex ListField::selected_row() const {
 
 void ListField::refresh() {
     const QScopedValueRollback quiet(refreshing_, true);
-    if (entries_ != list_->entries()) {
-        entries_ = list_->entries();
-        model_.setStringList(to_qt(entries_));
-    }
+    model_.show(list_->entries());
     const auto selected = list_->selected();
     if (!selected) {
         clearSelection();

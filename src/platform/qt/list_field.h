@@ -1,8 +1,8 @@
 #pragma once
 
+#include <QAbstractListModel>
 #include <QFontMetrics>
 #include <QListView>
-#include <QStringListModel>
 #include <QStyledItemDelegate>
 #include <string>
 #include <vector>
@@ -18,12 +18,24 @@ public:
     using QStyledItemDelegate::QStyledItemDelegate;
     [[nodiscard]] static int height(const QFontMetrics& metrics) { return metrics.height() * 5 / 4; }
     [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 
 protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
 };
 
-[[nodiscard]] QStringList to_qt(const std::vector<std::string>& entries);
+/// The entries of a list as it was shown last. A row becomes the toolkit's only when it is painted, since a school may
+/// have thirty thousand pupils.
+class Rows final : public QAbstractListModel {
+public:
+    void show(const std::vector<std::string>& entries);
+    [[nodiscard]] const std::vector<std::string>& entries() const { return entries_; }
+    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+
+private:
+    std::vector<std::string> entries_;
+};
 
 class ListField final : public QListView, public Field {
 public:
@@ -45,8 +57,7 @@ private:
 
     Events& events_;
     ListBox* list_;
-    std::vector<std::string> entries_;  // as they are in the model
-    QStringListModel model_;
+    Rows model_;
     bool refreshing_ = false;
 };
 

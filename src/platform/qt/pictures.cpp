@@ -1,7 +1,10 @@
 #include "platform/qt/pictures.h"
 
+#include <QBuffer>
+#include <QFile>
 #include <QImageReader>
 #include <QPainter>
+#include <QtEndian>
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -9,17 +12,18 @@
 
 #include "platform/qt/fitted_text.h"
 #include "platform/qt/house_style.h"
+#include "platform/system/small_file.h"
 
 namespace marrowfen {
 
 namespace {
 
+constexpr std::uintmax_t kMostBytes = 20'000'000;
 constexpr double kMetresPerInch = 0.0254;
 constexpr double kTwipsPerInch = 1440;
 constexpr int kDesignPerMetre = 3780;
 // The folders of artwork are called by the height in pixels of the screen that they were drawn for.
 constexpr std::array kDrawnFor{"768", "1080", "2160"};
-constexpr const char* kArtworkFormat = "png";
 
 QString to_qt(const std::filesystem::path& path) { return QString::fromStdU16String(path.u16string()); }
 
@@ -52,6 +56,24 @@ bool stays_sharp(QSize drawn, QSize shown) {
     return drawn.width() >= kLeast * shown.width() && drawn.height() >= kLeast * shown.height();
 }
 
+/// What a file holds, for a reader that may want more than there is.
+class Bytes final : public QBuffer {
+public:
+    explicit Bytes(QByteArray* bytes) : QBuffer(bytes) { open(ReadOnly); }
+    [[nodiscard]] bool ran_out() const { return ran_out_; }
+    void forgive() { ran_out_ = false; }
+
+protected:
+    qint64 readData(char* data, qint64 most) override {
+        const qint64 read = QBuffer::readData(data, most);
+        if (read < most) ran_out_ = true;
+        return read;
+    }
+
+private:
+    bool ran_out_ = false;
+};
+
 QPixmap empty(QSize size) {
     QPixmap pixmap(size);
     pixmap.fill(Qt::transparent);
@@ -60,10 +82,36 @@ QPixmap empty(QSize size) {
 
 }  // namespace
 
-QImage read_as(const char* format, const std::filesystem::path& file) {
-    QImageReader reader(to_qt(file), format);
+QImage read_png(const std::filesystem::path& file) {
+    QImageReader reader(to_qt(file), "png");
     reader.setAutoDetectImageFormat(false);
     return reader.read();
+}
+
+QImage read_bitmap(const std::filesystem::path& file) {
+    constexpr qsizetype kFileHeader = 14;
+    QFile source(to_qt(file));
+    if (!is_small_file(file, kMostBytes) || !source.open(QIODevice::ReadOnly)) return {};
+    QByteArray bytes = source.readAll();
+    Bytes buffer(&bytes);
+    QImageReader reader(&buffer, "bmp");
+    reader.setAutoDetectImageFormat(false);
+    if (!reader.canRead()) return {};
+    buffer.forgive();
+    QImage image = reader.read();
+    if (buffer.ran_out()) return {};  // it would be shown with whatever the rest of its memory held
+    QList<QRgb> colours = image.colorTable();
+    if (colours.isEmpty()) return image;
+    const auto header = qFromLittleEndian<qint32>(bytes.constData() + kFileHeader);
+    const QByteArray palette = bytes.mid(kFileHeader + header, 4 * colours.size());
+    const auto opacity = [&palette](qsizetype entry) { return static_cast<uchar>(palette[4 * entry + 3]); };
+    bool any = false;
+    for (qsizetype i = 0; i < palette.size() / 4; ++i) any = any || opacity(i) != 0;
+    for (qsizetype i = 0; any && i < palette.size() / 4; ++i) {
+        colours[i] = qRgba(qRed(colours[i]), qGreen(colours[i]), qBlue(colours[i]), opacity(i));
+    }
+    image.setColorTable(colours);
+    return image.convertToFormat(QImage::Format_ARGB32_Premultiplied);  // scaled with its palette it would be grainy
 }
 
 QPixmap Pictures::render(const Picture& picture, Stretch stretch, QSize bounds, const Scale& scale) const {
@@ -89,7 +137,7 @@ QImage Pictures::artwork(const std::string& name, QSize bounds) const {
     for (const char* height : kDrawnFor) {
         const auto found = files_.find(files_.program_folder() + "\\Artwork\\" + height + "\\" + name + ".png");
         if (!found) continue;
-        QImageReader reader(to_qt(*found), kArtworkFormat);
+        QImageReader reader(to_qt(*found), "png");
         reader.setAutoDetectImageFormat(false);
         const QSize drawn = reader.size();
         if (height != kDrawnFor.back() && !fits(drawn, bounds) && !stays_sharp(drawn, bounds)) continue;
@@ -101,15 +149,20 @@ QImage Pictures::artwork(const std::string& name, QSize bounds) const {
 
 QImage Pictures::file(const std::string& path) const {
     const auto found = files_.find(path);
-    if (!found) return {};
-    QImage image = read_as("bmp", *found);
+    if (!found || !is_small_file(*found, kMostBytes)) return {};
+    QImage image = read_bitmap(*found);
     if (!image.isNull()) return image;
-    return QImageReader(to_qt(*found)).read();  // whatever a teacher has put there
+    QImageReader reader(to_qt(*found));  // whatever a teacher has put there, but no half of a bitmap
+    return reader.format() == "bmp" ? QImage() : reader.read();
 }
 
 QPixmap Pictures::letters(const QString& base_name, QSize bounds) const {
     QPixmap pixmap = empty(bounds);
     QPainter painter(&pixmap);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(colours::kPaleSky);  // what lies below may be dark
+    painter.drawRoundedRect(pixmap.rect(), bounds.height() / 8.0, bounds.height() / 8.0);
     painter.setPen(colours::kInk);
     const int size = std::max(1, bounds.height() * 7 / 10);
     draw_line(painter, pixmap.rect(), Qt::AlignHCenter, base_name, faces_.letters(size), 1);

@@ -5,9 +5,13 @@
 #include <filesystem>
 #include <system_error>
 
+#include "platform/system/small_file.h"
+
 namespace marrowfen {
 
 namespace {
+
+constexpr std::uintmax_t kMostBytes = 20'000'000;
 
 void load_fonts(const Files& files) {
     const auto folder = files.find(files.program_folder() + "\\Fonts");
@@ -17,6 +21,7 @@ void load_fonts(const Files& files) {
          entry.increment(error)) {
         const auto kind = entry->path().extension();
         if (kind != ".ttf" && kind != ".otf") continue;
+        if (!is_small_file(entry->path(), kMostBytes)) continue;  // the start waits for it
         QFontDatabase::addApplicationFont(QString::fromStdU16String(entry->path().u16string()));
     }
 }

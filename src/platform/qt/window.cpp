@@ -4,9 +4,12 @@
 #include <QGuiApplication>
 #include <QIcon>
 #include <QScreen>
+#include <QTimer>
 #include <QWindow>
 #include <array>
+#include <chrono>
 #include <string>
+#include <utility>
 
 #include "platform/qt/pictures.h"
 
@@ -20,7 +23,7 @@ QIcon program_icon(const Files& files) {
     QIcon icon;
     for (const int size : kIconSizes) {
         const auto file = files.find(files.program_folder() + "\\Artwork\\Icon\\" + std::to_string(size) + ".png");
-        if (file) icon.addPixmap(QPixmap::fromImage(read_as("png", *file)));
+        if (file) icon.addPixmap(QPixmap::fromImage(read_png(*file)));
     }
     return icon;
 }
@@ -44,6 +47,13 @@ void Window::fill_screen() {
     });
     showFullScreen();
     setWindowIcon(program_icon(files_));  // while the window system opens the window
+}
+
+void Window::come_to_front(std::function<void(bool is_in_front)> answer) {
+    constexpr std::chrono::milliseconds kPatience{1500};
+    raise();
+    activateWindow();
+    QTimer::singleShot(kPatience, this, [this, answer = std::move(answer)] { answer(isActiveWindow()); });
 }
 
 // A window manager keeps a full-screen window in the size of its screen; where there is none we do. A Wayland client

@@ -13,6 +13,8 @@ class Window final : public QWidget {
 public:
     explicit Window(const Files& files);
     void fill_screen();
+    /// `answer` is called once, as soon as it is known whether the desktop has let it.
+    void come_to_front(std::function<void(bool is_in_front)> answer);
 
     std::function<void()> on_resized;
     std::function<bool()> on_close;  ///< whether it may close

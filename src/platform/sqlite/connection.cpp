@@ -63,9 +63,10 @@ bool Connection::read_only() const { return sqlite3_db_readonly(handle_, "main")
 
 // A write-ahead log does not work on a folder that several computers share. EXTRA: what was saved stays saved when
 // somebody pulls the plug. Anything less leaves it to the disk when it takes the journal out of its folder, and a
-// journal that comes back takes back the result that was on show already.
+// journal that comes back takes back the result that was on show already. No page goes to the file before the change is
+// complete, so that every journal of ours holds the first page, which tells whose journal it is.
 std::optional<StoreFailure> Connection::prepare_to_write() {
-    if (auto failure = run("PRAGMA synchronous = EXTRA")) return failure;
+    if (auto failure = run("PRAGMA synchronous = EXTRA; PRAGMA cache_spill = OFF")) return failure;
     return run("PRAGMA journal_mode = DELETE");
 }
 

@@ -10,6 +10,10 @@ namespace marrowfen {
 inline constexpr std::size_t kFileHeadLength = 100;
 using FileHead = std::array<unsigned char, kFileHeadLength>;
 
+/// What every file begins with: "SQLite format 3", and a zero.
+inline constexpr std::array<unsigned char, 16> kFileMagic{'S', 'Q', 'L', 'i', 't', 'e', ' ', 'f',
+                                                          'o', 'r', 'm', 'a', 't', ' ', '3', 0};
+
 /// Where the number of changes stands in the head of a file.
 inline constexpr std::size_t kChangesAt = 24;
 

@@ -14,7 +14,7 @@ namespace {
 constexpr std::uintmax_t kSmall = 4 << 20;  // bytes; read in a fraction of a second, also over a network
 
 struct stat status_of(const std::filesystem::path& file) {
-    struct stat status{};
+    struct stat status {};
     if (stat(file.c_str(), &status) != 0) status = {};
     return status;
 }

@@ -20,7 +20,8 @@ public:
     [[nodiscard]] bool is_of(const std::filesystem::path& file) const;
     /// Begins, if it is not under way or done already. `connection` is an open one to the file.
     void begin(Connection& connection);
-    /// Why nothing may be written; nullopt: the store is whole. Waits for it as long as the connection's patience lasts.
+    /// Why nothing may be written; nullopt: the store is whole. Waits for it as long as the connection's patience
+    /// lasts.
     [[nodiscard]] std::optional<StoreFailure> verdict(Connection& connection);
     void condemn(const StoreFailure& damage);  ///< it was found in another way
     /// The damage, if it has been found by now.

@@ -13,8 +13,8 @@ namespace marrowfen {
 /// it does not say.
 [[nodiscard]] std::optional<std::uint32_t> changes_before_journal(const std::filesystem::path& file);
 
-/// Whether a journal beside the file was written for it. One that was not, as when a copy was put in the place of a file
-/// that a crash had left behind, would be played back all the same and spoil it. True when there is none.
+/// Whether a journal beside the file was written for it. One that was not, as when a copy was put in the place of a
+/// file that a crash had left behind, would be played back all the same and spoil it. True when there is none.
 [[nodiscard]] bool journal_belongs(const std::filesystem::path& file, std::uint32_t changes);
 
 /// Takes away whatever the library leaves beside a file.

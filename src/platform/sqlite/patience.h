@@ -11,7 +11,7 @@ class Patience {
 public:
     explicit Patience(std::chrono::milliseconds a_turn) : a_turn_(a_turn), left_(a_turn) {}
 
-    void begin_turn();         ///< something new is being handled
+    void begin_turn();          ///< something new is being handled
     [[nodiscard]] bool wait();  ///< a moment; false: the time is used up
 
     std::function<void()> on_wait;  ///< called before the first moment of each turn

@@ -71,7 +71,7 @@ StoreFailure failure_of(sqlite3* connection) {
         case SQLITE_TOOBIG:
             return {"the text is too long"};
         case SQLITE_CONSTRAINT:
-            return {refusal(code, message)};
+            return {refusal(code, message), Trouble::Refused};
         default:
             return {"it does not answer as expected (" + message + ")"};
     }

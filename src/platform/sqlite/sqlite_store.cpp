@@ -1,6 +1,7 @@
 #include "platform/sqlite/sqlite_store.h"
 
 #include "platform/sqlite/inspection.h"
+#include "platform/sqlite/own_sets.h"
 #include "platform/sqlite/schema.h"
 #include "platform/sqlite/sqlite_register.h"
 #include "platform/sqlite/sqlite_row_set.h"
@@ -43,7 +44,8 @@ Result<std::shared_ptr<Connection>> SqliteStoreEngine::connect(std::string_view 
     if (!failure) failure = check_tables(*connection);
     if (!failure) failure = check_structure(*connection);
     if (failure) return *failure;
-    if (!inspection_ || !inspection_->is_of(*file)) inspection_ = std::make_shared<Inspection>(*file);
+    if (!inspection_ || inspection_->damage() || !inspection_->is_of(*file))
+        inspection_ = std::make_shared<Inspection>(*file);
     inspection_->begin(*connection);
     if (auto damage = inspection_->damage()) return *damage;
     connection->set_inspection(inspection_);
@@ -61,6 +63,12 @@ Result<std::unique_ptr<Register>> SqliteStoreEngine::open_register(std::string_v
     auto connection = connect(path);
     if (const auto* failure = connection.failure()) return *failure;
     return std::unique_ptr<Register>(std::make_unique<SqliteRegister>(std::move(connection).value()));
+}
+
+Result<std::unique_ptr<ContentKeeper>> SqliteStoreEngine::open_content(std::string_view path) {
+    auto connection = connect(path);
+    if (const auto* failure = connection.failure()) return *failure;
+    return std::unique_ptr<ContentKeeper>(std::make_unique<SqliteContentKeeper>(std::move(connection).value()));
 }
 
 void SqliteStoreEngine::condemn(const StoreFailure& damage) {

@@ -3,6 +3,7 @@
 #include <chrono>
 #include <memory>
 
+#include "platform/content_keeper.h"
 #include "platform/files.h"
 #include "platform/register.h"
 #include "platform/sqlite/patience.h"
@@ -29,6 +30,8 @@ public:
     [[nodiscard]] Result<std::unique_ptr<Store>> open(std::string_view path) override;
     /// The same file, as those see it who look after pupils and results.
     [[nodiscard]] Result<std::unique_ptr<Register>> open_register(std::string_view path);
+    /// The same file, as those see it who make words, sentences and the list of games.
+    [[nodiscard]] Result<std::unique_ptr<ContentKeeper>> open_content(std::string_view path);
 
     [[nodiscard]] Patience& patience() { return *patience_; }
     /// From now on nothing is written to the store that is open.

@@ -2,7 +2,8 @@
 
 #include <sqlite3.h>
 
-#include <charconv>
+#include <new>
+#include <utility>
 
 #include "platform/sqlite/reasons.h"
 
@@ -10,53 +11,10 @@ namespace marrowfen {
 
 namespace {
 
-/// The numbers of a text such as "2026-03-09" or "09:05:00", which is as long as that and has the same mark between.
-struct Parts {
-    int first = 0;
-    unsigned second = 0;
-    unsigned third = 0;
-};
-
-template <class Number>
-bool read_digits(std::string_view text, Number& number) {
-    for (const char c : text) {
-        if (c < '0' || c > '9') return false;
-    }
-    return std::from_chars(text.data(), text.data() + text.size(), number).ec == std::errc{};
-}
-
-std::optional<Parts> parts_of(std::string_view text, std::size_t first_length, char mark) {
-    constexpr std::size_t kTwo = 2;
-    const std::size_t second = first_length + 1;
-    const std::size_t third = second + kTwo + 1;
-    Parts parts;
-    if (text.size() != third + kTwo || text[first_length] != mark || text[third - 1] != mark) return std::nullopt;
-    const bool read = read_digits(text.substr(0, first_length), parts.first) &&
-                      read_digits(text.substr(second, kTwo), parts.second) &&
-                      read_digits(text.substr(third, kTwo), parts.third);
-    return read ? std::optional(parts) : std::nullopt;
-}
-
-Value as_date(std::string text) {
-    constexpr std::size_t kYearLength = 4;
-    if (const auto parts = parts_of(text, kYearLength, '-')) {
-        const std::chrono::year_month_day date{std::chrono::year{parts->first}, std::chrono::month{parts->second},
-                                               std::chrono::day{parts->third}};
-        if (date.ok()) return date;
-    }
-    return text;
-}
-
-Value as_time(std::string text) {
-    constexpr std::size_t kHourLength = 2;
-    constexpr int kHours = 24;
-    constexpr unsigned kSixty = 60;
-    if (const auto parts = parts_of(text, kHourLength, ':');
-        parts && parts->first < kHours && parts->second < kSixty && parts->third < kSixty) {
-        return std::chrono::hours{parts->first} + std::chrono::minutes{parts->second} +
-               std::chrono::seconds{parts->third};
-    }
-    return text;
+template <class Read>
+Value read_or_text(std::string text, const Read& read) {
+    const auto value = read(text);
+    return value ? Value{*value} : Value{std::move(text)};
 }
 
 }  // namespace
@@ -112,9 +70,9 @@ Value Statement::value(int column, FieldType type) const {
     }
     switch (type) {
         case FieldType::Date:
-            return as_date(text(column));
+            return read_or_text(text(column), date_in);
         case FieldType::Time:
-            return as_time(text(column));
+            return read_or_text(text(column), time_in);
         default:
             return text(column);
     }

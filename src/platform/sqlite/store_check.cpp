@@ -64,10 +64,7 @@ std::optional<StoreFailure> check_head(Connection& connection, const std::filesy
     const int read = open_file->pMethods->xRead(open_file, head.data(), static_cast<int>(head.size()), 0);
     if (read == SQLITE_IOERR_SHORT_READ) return kForeign;
     if (read != SQLITE_OK) return StoreFailure{"the disk or the network drive does not answer as it should"};
-    constexpr std::string_view kMagic("SQLite format 3\0", 16);
-    if (!std::equal(kMagic.begin(), kMagic.end(), head.begin(), [](char a, unsigned char b) {
-            return static_cast<unsigned char>(a) == b;
-        })) {
+    if (!std::equal(kFileMagic.begin(), kFileMagic.end(), head.begin())) {
         return StoreFailure{"the file is not a data store of this program, or is damaged", Trouble::Damaged};
     }
     // A file that claims to be written with a log would have it played back, so both its bytes must say so.
@@ -114,7 +111,8 @@ std::optional<StoreFailure> check_structure(Connection& connection) {
         for (std::string wanted : creation_of(source)) {
             if (!wanted.starts_with("CREATE")) continue;
             constexpr std::string_view kUnlessThere = "IF NOT EXISTS ";  // which the library does not keep
-            if (const auto at = wanted.find(kUnlessThere); at != std::string::npos) wanted.erase(at, kUnlessThere.size());
+            if (const auto at = wanted.find(kUnlessThere); at != std::string::npos)
+                wanted.erase(at, kUnlessThere.size());
             if (found.contains(wanted)) continue;
             return StoreFailure{"its part " + source.name + " is damaged, or of another version of this program",
                                 Trouble::Damaged};

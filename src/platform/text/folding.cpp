@@ -17,7 +17,7 @@ struct Release {
 }  // namespace
 
 std::string folded(std::string_view text) {
-    // Taken apart, an accented letter is sorted right behind the plain one.
+    // Taken apart, an accented letter can be sorted as the plain one.
     constexpr auto kHow = static_cast<utf8proc_option_t>(UTF8PROC_STABLE | UTF8PROC_DECOMPOSE | UTF8PROC_CASEFOLD);
     std::string bytes(text);  // an empty view may have no address, which the library does not take
     utf8proc_uint8_t* result = nullptr;

@@ -1,9 +1,9 @@
 #include <map>
 #include <set>
 
-#include "content.h"
 #include "core/game_table.h"
 #include "platform/text/folding.h"
+#include "school/content_tables.h"
 #include "school/tab_table.h"
 
 namespace marrowfen {
@@ -21,9 +21,11 @@ struct Group {
 /// A pupil gives one letter, which must make the word with the ending on show.
 void check_word(const RowReader& row, const std::string& word, const std::string& end) {
     if (word.empty() || end.empty()) return;
-    if (!all_small_letters(end)) row.fault("end '" + end + "' should have the letters a to z alone");
+    if (!all_small_letters(end))
+        row.fault(kEnd, row.name(kEnd) + " '" + end + "' should have the letters a to z alone");
     if (word.size() != end.size() + 1 || !all_letters(word) || !word.ends_with(end)) {
-        row.fault("word '" + word + "' should be one letter and the end '" + end + "'");
+        row.fault(kWord, row.name(kWord) + " '" + word + "' should be one letter and the " + row.name(kEnd) + " '" +
+                             end + "'");
     }
 }
 
@@ -46,7 +48,8 @@ void check_groups(const TabTable& table, int groups, const std::map<int, Group>&
         if (group.words.size() < kFewestRhymes) {
             faults.add(table.file(), group.first_line,
                        "group " + std::to_string(id) + " has only " + std::to_string(group.words.size()) +
-                           " words; it needs " + std::to_string(kFewestRhymes));
+                           " words; it needs " + std::to_string(kFewestRhymes),
+                       kGroup);
         }
     }
     // In the first task of a game the last letter on show counts as tried already, so no word may begin with it.
@@ -56,16 +59,16 @@ void check_groups(const TabTable& table, int groups, const std::map<int, Group>&
             faults.add(table.file(), lost->second,
                        "'" + lost->first +
                            "' can't be found in group 1, since its first letter ends all words there; "
-                           "give the group another number");
+                           "give the group another number",
+                       kWord);
         }
     }
 }
 
 }  // namespace
 
-ContentTable read_words(const std::filesystem::path& file, const std::string& table_name, int groups, Faults& faults) {
+ContentTable read_words(const TabTable& table, const std::string& table_name, int groups, Faults& faults) {
     ContentTable content{.name = table_name, .rows = {}};
-    const TabTable table(file, {"id", "word", "end"}, faults);
     std::map<int, Group> found;
     std::map<std::string, int> words;
     for (const TabTable::Row& line : table.rows()) {
@@ -77,7 +80,8 @@ ContentTable read_words(const std::filesystem::path& file, const std::string& ta
         row.only_once(kWord, folded(word), words);
         if (!id) continue;
         Group& group = found.try_emplace(*id, Group{line.line, end, {}}).first->second;
-        if (end != group.end) row.fault("end '" + end + "' differs from '" + group.end + "' of the same group");
+        if (end != group.end)
+            row.fault(kEnd, row.name(kEnd) + " '" + end + "' differs from '" + group.end + "' of the same group");
         group.words.push_back(word);
         content.rows.push_back({std::int64_t{*id}, with_capital(word), end});
     }

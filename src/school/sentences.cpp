@@ -2,9 +2,9 @@
 #include <array>
 #include <map>
 
-#include "content.h"
 #include "core/game_table.h"
 #include "platform/text/letters.h"
+#include "school/content_tables.h"
 #include "school/tab_table.h"
 
 namespace marrowfen {
@@ -36,24 +36,24 @@ std::ptrdiff_t times_in(std::string_view sentence, std::string_view word) {
 }
 
 /// The pupil spells the word with the keys, as it stands in the sentence.
-void check_answer(const RowReader& row, const std::string& name, const std::string& sentence, const std::string& word) {
+void check_answer(const RowReader& row, Column column, const std::string& sentence, const std::string& word) {
     if (word.empty() || sentence.empty()) return;
-    const std::string what = name + " '" + word + "' ";
+    const std::string what = row.name(column) + " '" + word + "' ";
     if (!all_small_letters(word)) {
-        row.fault(what + "should have the letters a to z alone");
+        row.fault(column, what + "should have the letters a to z alone");
     } else if (word.size() > kLongestWord) {
-        row.fault(what + "has " + std::to_string(word.size()) + " letters, and " + std::to_string(kLongestWord) +
-                  " fit");
+        row.fault(column, what + "has " + std::to_string(word.size()) + " letters, and " +
+                              std::to_string(kLongestWord) + " fit");
     } else if (const auto times = times_in(sentence, word); times != 1) {
-        row.fault(what + (times == 0 ? "is not a word of the sentence" : "stands in the sentence more than once"));
+        row.fault(column,
+                  what + (times == 0 ? "is not a word of the sentence" : "stands in the sentence more than once"));
     }
 }
 
 }  // namespace
 
-ContentTable read_sentences(const std::filesystem::path& file, const std::string& table_name, Faults& faults) {
+ContentTable read_sentences(const TabTable& table, const std::string& table_name, Faults& faults) {
     ContentTable content{.name = table_name, .rows = {}};
-    const TabTable table(file, {"sen_id", "Sen", "Verb", "noun", "adjective"}, faults);
     std::map<std::string, int> ids;
     std::map<std::string, int> sentences;
     for (const TabTable::Row& line : table.rows()) {
@@ -63,14 +63,14 @@ ContentTable read_sentences(const std::filesystem::path& file, const std::string
         if (id) row.only_once(kId, std::to_string(*id), ids);
         row.only_once(kSentence, sentence, sentences);
         if (const auto length = length_in_characters(sentence); length > kLongestSentence) {
-            row.fault("Sen has " + std::to_string(length) + " characters, and " + std::to_string(kLongestSentence) +
-                      " fit");
+            row.fault(kSentence, row.name(kSentence) + " has " + std::to_string(length) + " characters, and " +
+                                     std::to_string(kLongestSentence) + " fit");
         }
         Values values{std::int64_t{id.value_or(0)}, sentence};
         std::map<std::string, int> answers;
         for (const Column column : kClasses) {
             const std::string word = row.needed(column);
-            check_answer(row, table.column(column), sentence, word);
+            check_answer(row, column, sentence, word);
             row.only_once(column, word, answers);
             values.emplace_back(word);
         }

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "admin/room.h"
+
+namespace CLI {
+class App;
+}
+
+/// The words of the command line. Each adds itself with its options, and does its work as the line is read: a room's
+/// folder is known by then.
+namespace marrowfen {
+
+void add_pupils_command(CLI::App& program, Room*& room);
+void add_results_command(CLI::App& program, Room*& room);
+void add_words_command(CLI::App& program, Room*& room);
+
+}  // namespace marrowfen
