@@ -75,10 +75,12 @@ TEST(ClassListTest, TakesListsAsOfficesSaveThemAndSaysWhatIsWrongWithALine) {
         return lines;
     };
     const std::string long_name(51, 'x');
-    EXPECT_EQ(told("Ann\n\n  Ben   O'Neill \r\nZOË\rann\n\xE2\x80\x8B\n" + long_name),
+    std::string accented;
+    for (int i = 0; i < 50; ++i) accented += "e\u0301";  // two characters each, which a reader takes for one
+    EXPECT_EQ(told("Ann\n\n  Ben   O'Neill \r\nZOË\rann\n\xE2\x80\x8B\n" + long_name + "\n" + accented),
               (Lines{"1 Ann", "3 Ben O'Neill", "4 ZOË: there is a pupil of that name already",
                      "5 ann: the same name stands in line 1", "6 : there is no name here",
-                     "7 " + long_name + ": the name has 51 letters, and 50 fit"}));
+                     "7 " + long_name + ": the name has 51 letters, and 50 fit", "8 " + accented}));
     EXPECT_EQ(told("\uFEFFClass;Pupil;Born\n2b;\"Ann \"\"Annie\"\" Lee\";2018\n2b;\"Bo;b\n\nx\";2019\n2b;Cy\n2b"),
               (Lines{"2 Ann \"Annie\" Lee", "3 Bo;b x", "6 Cy", "7 : there is no name here"}));
     EXPECT_EQ(told("Ren\xE9\nBj\xF6rn\n\x8Alavka"), (Lines{"1 René", "2 Björn", "3 Šlavka"}));

@@ -46,7 +46,7 @@ void play(Lesson& lesson, std::int16_t game) {
 }
 
 int soak(int games, const std::filesystem::path& recording) {
-    Lesson lesson(recording);
+    Lesson lesson({"Ann"}, recording);
     std::optional<Memory> first;
     for (int played = 1; played <= games && !testing::Test::HasFailure(); ++played) {
         play(lesson, static_cast<std::int16_t>(played % static_cast<int>(listed_games().size()) + 1));

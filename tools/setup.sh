@@ -6,6 +6,7 @@ build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev qt6-ch
     libsndfile1-dev espeak-ng csound sox fonts-comic-neue fonts-sil-andika)
 test_packages=(libgtest-dev xvfb xauth xdotool sqlite3 clang-format
     at-spi2-core dbus-daemon gir1.2-atspi-2.0 python3-gi)  # a screen reader's side
+trial_packages=(fuse3 libfuse3-dev)  # only for tools/trials share
 fuzz_packages=(clang-16 libclang-rt-16-dev)  # only for tools/trials fuzz
 bench_packages=(libbenchmark-dev libx11-dev libxtst-dev libxdamage-dev valgrind)
 package_packages=(git dpkg-dev debhelper fakeroot lintian desktop-file-utils appstream librsvg2-bin help2man file)  # only for tools/package

@@ -1,7 +1,6 @@
 #include <array>
 #include <cstdio>
 #include <ctime>
-#include <iostream>
 #include <optional>
 #include <system_error>
 
@@ -48,7 +47,7 @@ std::filesystem::path store_in(const std::filesystem::path& folder) {
     return found ? *found : folder / "data.mdb";
 }
 
-int run(int argc, char** argv) {
+int obey(int argc, char** argv) {
     Admin admin;
     std::filesystem::path folder = folder_of_this_program();
     std::optional<Room> opened;
@@ -81,8 +80,14 @@ int run(int argc, char** argv) {
         return admin.status;
     } catch (const CLI::ParseError& error) {
         return line.exit(error) == 0 ? EXIT_SUCCESS : kCantUnderstand;
+    }
+}
+
+int run(int argc, char** argv) {
+    try {
+        return obey(argc, argv);
     } catch (const std::exception& failure) {
-        std::cerr << "marrowfen-admin: " << failure.what() << ".\n";
+        (void)std::fprintf(stderr, "marrowfen-admin: %s.\n", failure.what());
         return EXIT_FAILURE;
     }
 }

@@ -148,7 +148,8 @@ std::optional<StoreFailure> Copies::keep(std::chrono::year_month_day today, cons
     if (auto failure = make_copy(store_, unfinished, stop)) return failure;
     fs::rename(unfinished, file, error);
     if (error) return failed("the copy can't be named", error);
-    if ((error = make_last(folder_))) return failed("the copy can't be finished", error);
+    error = make_last(folder_);
+    if (error) return failed("the copy can't be finished", error);
     let_the_oldest_go();
     return std::nullopt;
 }

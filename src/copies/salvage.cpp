@@ -30,6 +30,11 @@ constexpr std::int64_t kHighestWhole = 32767;
 const Source& pupils() { return *find_source("Pupils"); }
 const Source& results() { return *find_source("Hall_of_Fame"); }
 
+template <class T>
+Value read_or_nothing(const std::optional<T>& read) {
+    return read ? Value{*read} : Value{};
+}
+
 /// A date or time that can't be right is left out; with anything else that can't be, the row is none of the table.
 std::optional<Values> as_row_of(const Source& source, Values values) {
     if (values.size() != source.fields.size()) return std::nullopt;
@@ -38,11 +43,11 @@ std::optional<Values> as_row_of(const Source& source, Values values) {
         const auto* text = std::get_if<std::string>(&value);
         switch (source.fields[i].type) {
             case FieldType::Date:
-                if (text) value = date_in(*text) ? Value{*date_in(*text)} : Value{};
+                if (text) value = read_or_nothing(date_in(*text));
                 if (!std::holds_alternative<std::chrono::year_month_day>(value)) value = {};
                 break;
             case FieldType::Time:
-                if (text) value = time_in(*text) ? Value{*time_in(*text)} : Value{};
+                if (text) value = read_or_nothing(time_in(*text));
                 if (!std::holds_alternative<std::chrono::seconds>(value)) value = {};
                 break;
             case FieldType::Whole:
@@ -86,7 +91,7 @@ private:
 bool walk(Connection& connection, const Source& source, const std::string& how,
           const std::function<void(std::int64_t, Values)>& found) {
     std::string fields;
-    for (const Field& field : source.fields) fields += ", " + in_brackets(field.name);
+    for (const Field& field : source.fields) fields.append(", ").append(in_brackets(field.name));
     Statement statement(connection, "SELECT rowid" + fields + " FROM " + in_brackets(source.name) + " " + how);
     auto step = statement.step();
     for (; step == Statement::Step::Row; step = statement.step()) {
@@ -102,14 +107,15 @@ bool walk(Connection& connection, const Source& source, const std::string& how,
 /// From both ends of the table, then from both ends of the index that tells it all over again. False: at some place it
 /// could not be walked through.
 bool walk_all(Connection& connection, Finds& finds) {
-    const std::string index = "INDEXED BY " + in_brackets(finds.source().name + "_whole");
-    const std::string first = in_brackets(finds.source().fields.front().name);
+    const std::string by_rowid = "NOT INDEXED ORDER BY rowid";
+    const std::string by_index = "INDEXED BY " + in_brackets(finds.source().name + "_whole") + " ORDER BY " +
+                                 in_brackets(finds.source().fields.front().name);
     const auto add = [&finds](std::int64_t rowid, Values values) { finds.add(rowid, std::move(values)); };
     bool whole = true;
-    for (const std::string& how :
-         {std::string("NOT INDEXED ORDER BY rowid"), std::string("NOT INDEXED ORDER BY rowid DESC"),
-          index + " ORDER BY " + first, index + " ORDER BY " + first + " DESC"}) {
-        whole = walk(connection, finds.source(), how, add) && whole;
+    for (const std::string& order : {by_rowid, by_index}) {
+        for (const char* direction : {" ASC", " DESC"}) {
+            whole = walk(connection, finds.source(), order + direction, add) && whole;
+        }
     }
     return whole;
 }
@@ -216,7 +222,7 @@ std::optional<StoreFailure> write(Connection& store, const Finds& names, const F
     for (const Finds* finds : {&names, &games}) {
         auto& saved = finds == &names ? told.saved.pupils : told.saved.results;
         for (const auto& [rowid, values] : finds->rows()) {
-            const auto failure = insert_row(store, finds->source(), values);
+            auto failure = insert_row(store, finds->source(), values);
             if (!failure) {
                 ++saved;
             } else if (failure->trouble != Trouble::Refused) {
@@ -234,7 +240,7 @@ Result<Salvaged> salvage(const fs::path& damaged, const fs::path& into, const st
     if (fs::exists(into, error)) return StoreFailure{into.string() + " is there already"};
     const fs::path searched = fs::path(into) += ".searched";
     const Duplicate duplicate(damaged, searched);
-    if (duplicate.failure()) return *duplicate.failure();
+    if (const auto& failure = duplicate.failure()) return *failure;
 
     Salvaged told;
     Finds names(pupils());

@@ -19,6 +19,7 @@ std::string own_folder() {
 
 int become(const std::vector<std::string>& words) {
     std::vector<char*> arguments;
+    arguments.reserve(words.size() + 1);
     for (const std::string& word : words) arguments.push_back(const_cast<char*>(word.c_str()));
     arguments.push_back(nullptr);
     ::execv(arguments.front(), arguments.data());

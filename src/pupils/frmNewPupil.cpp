@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "platform/letters.h"
+#include "platform/text/letters.h"
 
 namespace marrowfen {
 

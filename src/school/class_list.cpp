@@ -39,7 +39,8 @@ ClassList::ClassList(std::string bytes) : rows_(read_csv(as_utf8(std::move(bytes
     const bool has_titles = !rows_.empty() && is_title_row(rows_.front());
     for (std::size_t i = 0; i < width; ++i) {
         std::string title = has_titles ? as_cell(rows_.front(), i) : std::string{};
-        columns_.push_back(title.empty() ? "Column " + std::to_string(i + 1) : std::move(title));
+        if (title.empty()) title = "Column " + std::to_string(i + 1);
+        columns_.push_back(std::move(title));
     }
     if (has_titles) rows_.erase(rows_.begin());
 }

@@ -14,7 +14,7 @@ GameNames::Named GameNames::read(const RowReader& row) {
     if (id) row.only_once(columns_.id, std::to_string(*id), ids_);
     if (number) row.only_once(columns_.number, std::to_string(*number), numbers_);
     row.only_once(columns_.name, folded(name), names_);
-    if (const auto length = length_in_characters(name); length > kLongestName) {
+    if (const auto length = length_in_letters(name); length > kLongestName) {
         row.fault(columns_.name, row.name(columns_.name) + " has " + std::to_string(length) + " letters, and " +
                                      std::to_string(kLongestName) + " fit");
     }

@@ -16,7 +16,7 @@ bool GivenNames::add(std::string_view name) { return names_.insert(folded(name))
 std::string fault_in_name(std::string_view name) {
     constexpr std::size_t kLongestName = 50;
     if (name.empty()) return "there is no name here";
-    const auto length = length_in_characters(name);
+    const auto length = length_in_letters(name);
     if (length <= kLongestName) return {};
     return "the name has " + std::to_string(length) + " letters, and " + std::to_string(kLongestName) + " fit";
 }

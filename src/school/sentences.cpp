@@ -62,7 +62,7 @@ ContentTable read_sentences(const TabTable& table, const std::string& table_name
         const std::string sentence = row.needed(kSentence);
         if (id) row.only_once(kId, std::to_string(*id), ids);
         row.only_once(kSentence, sentence, sentences);
-        if (const auto length = length_in_characters(sentence); length > kLongestSentence) {
+        if (const auto length = length_in_letters(sentence); length > kLongestSentence) {
             row.fault(kSentence, row.name(kSentence) + " has " + std::to_string(length) + " characters, and " +
                                      std::to_string(kLongestSentence) + " fit");
         }

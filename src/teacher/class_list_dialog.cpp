@@ -93,6 +93,7 @@ void ClassListDialog::take(std::string bytes) {
 }
 
 void ClassListDialog::preview() {
+    if (!list_) return;
     lines_ = list_->lines(static_cast<std::size_t>(std::max(0, column_->currentIndex())), pupils_);
     const auto good = static_cast<int>(names().size());
     const auto bad = static_cast<int>(lines_.size()) - good;

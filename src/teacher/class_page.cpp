@@ -32,13 +32,14 @@ QVariant ClassModel::headerData(int section, Qt::Orientation orientation, int ro
     if (orientation == Qt::Vertical) {
         return role == Qt::DisplayRole ? QVariant(shown(office_.book().pupils()[place].name)) : QVariant{};
     }
+    if (!grid_) return {};
     const GameEntry& game = *grid_->games()[place];
     if (role == Qt::DisplayRole) return game.number;
     return role == Qt::ToolTipRole || role == Qt::AccessibleTextRole ? QVariant(shown(game.title())) : QVariant{};
 }
 
 QVariant ClassModel::data(const QModelIndex& index, int role) const {
-    if (!index.isValid()) return {};
+    if (!index.isValid() || !grid_) return {};
     const auto pupil = static_cast<std::size_t>(index.row());
     const auto game = static_cast<std::size_t>(index.column());
     const ClassGrid::Cell cell = grid_->cell(pupil, game);

@@ -68,7 +68,9 @@ void TeacherWindow::make_menus() {
 }
 
 bool TeacherWindow::open() {
-    while (const auto failure = office_.open(this)) {
+    for (;;) {
+        const auto failure = office_.open(this);
+        if (!failure) break;
         if (failure->reason == kStopped) return false;
         QMessageBox message(QMessageBox::Warning, windowTitle(),
                             tr("The pupils and results can't be read: %1.").arg(shown(failure->reason)),

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <numbers>
 
-#include "platform/letters.h"
+#include "platform/text/letters.h"
 
 namespace marrowfen {
 

@@ -43,10 +43,10 @@ Taker Mouse::handle(const MousePress& press, std::chrono::milliseconds time) {
     const bool second = repeats && control == last_.control && press.row && press.row == last_.row;
     last_ = {press.button, press.at, time, time, form, control, second ? std::nullopt : press.row};
     if (dropped != nullptr) return taker_ = Taker::Field;
-    if (is_carrying()) {
-        const PictureBox* carried = drag_->source;
+    if (drag_ && is_carrying()) {
+        PictureBox* carried = drag_->source;
         const bool put = drop_target(press.at) != nullptr;
-        drop(*drag_->source, press.at);
+        drop(*carried, press.at);
         if (put || control == carried) return Taker::Forms;
         if (!desktop_.is_loaded(*form)) return Taker::Nobody;
     }
@@ -168,11 +168,14 @@ void Mouse::take_up(PictureBox& tile) {
 }
 
 void Mouse::carry_to(Point pointer) {
+    if (!drag_) return;
     drag_->pointer = pointer;
     drag_to(pointer);
 }
 
-void Mouse::put_down() { drop(*drag_->source, drag_->pointer); }
+void Mouse::put_down() {
+    if (drag_) drop(*drag_->source, drag_->pointer);
+}
 
 void Mouse::put_back() {
     PictureBox* left = under_drag_;

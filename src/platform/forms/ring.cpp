@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <limits>
+#include <ranges>
 #include <utility>
 
 #include "platform/forms/desktop.h"
@@ -119,7 +120,7 @@ void Ring::step(Way way) {
     if (all.empty()) return;
     const Form* form = desktop_.active();
     Control* from = at_ != nullptr ? at_ : form != nullptr ? form->focus() : nullptr;
-    if (std::ranges::find(all, from) == all.end()) {
+    if (from == nullptr || std::ranges::find(all, from) == all.end()) {
         return go_to(*(way == Way::On ? all.front() : entry_of_group(*all.back(), all)));
     }
     Control* next = from;
@@ -165,8 +166,8 @@ void Ring::go_to_button(int number) {
 Control* Ring::way_out() const {
     std::vector<Form*> forms = desktop_.visible_forms();
     if (desktop_.active() != nullptr) forms.push_back(desktop_.active());
-    for (auto form = forms.rbegin(); form != forms.rend(); ++form) {
-        Control* way = (*form)->way_out();
+    for (Form* form : forms | std::views::reverse) {
+        Control* way = form->way_out();
         if (way != nullptr && is_stop(*way)) return way;
     }
     return nullptr;
@@ -189,7 +190,9 @@ bool Ring::leave() {
 }
 
 void Ring::put_back() {
-    PictureBox* tile = desktop_.drag()->source;
+    const auto& drag = desktop_.drag();
+    if (!drag) return;
+    PictureBox* tile = drag->source;
     mouse_.put_back();
     if (is_stop(*tile)) go_to(*tile);
 }
@@ -220,8 +223,8 @@ std::optional<Taker> Ring::press(const KeyDown& key, Stroke stroke) {
         return as<ComboBox>(control) != nullptr && stroke == Stroke::Fresh ? std::optional(Taker::Field) : std::nullopt;
     }
     if (stroke == Stroke::Repeated || !is_stop(*control)) return Taker::Nobody;
-    if (mouse_.is_carrying()) {
-        PictureBox* tile = desktop_.drag()->source;
+    if (const auto& drag = desktop_.drag(); drag && mouse_.is_carrying()) {
+        PictureBox* tile = drag->source;
         const Form& board = tile->form();
         mouse_.put_down();
         if (desktop_.is_loaded(board) && is_stop(*tile)) go_to(*tile);

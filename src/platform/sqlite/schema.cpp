@@ -98,7 +98,9 @@ std::string by_base_letter(const std::string& folded) {
                              Sorted{"ı", "i"},     Sorted{"ŧ", "t"},     Sorted{"ð", "d"},     Sorted{"þ", "th"},
                              Sorted{"æ", "ae"},    Sorted{"œ", "oe"}};
     std::string text = folded;
-    for (const auto& [letter, as] : kAs) text = "replace(" + text + ", '" + letter + "', '" + as + "')";
+    for (const auto& [letter, as] : kAs) {
+        text.insert(0, "replace(").append(", '").append(letter).append("', '").append(as).append("')");
+    }
     return text;
 }
 

@@ -2,7 +2,6 @@
 
 #include <utf8proc.h>
 
-#include <algorithm>
 #include <array>
 #include <optional>
 
@@ -25,30 +24,61 @@ void append(std::string& text, utf8proc_int32_t letter) {
     text.append(reinterpret_cast<const char*>(bytes.data()), static_cast<std::size_t>(length));
 }
 
+/// Those that turn the direction of writing would turn the rest of a list with it.
+bool controls(utf8proc_int32_t letter) {
+    constexpr auto within = [](utf8proc_int32_t each, utf8proc_int32_t first, utf8proc_int32_t last) {
+        return each >= first && each <= last;
+    };
+    switch (utf8proc_category(letter)) {
+        case UTF8PROC_CATEGORY_CC:
+        case UTF8PROC_CATEGORY_ZL:
+        case UTF8PROC_CATEGORY_ZP:
+            return true;
+        default:
+            return within(letter, 0x202A, 0x202E) || within(letter, 0x2066, 0x2069);
+    }
+}
+
 enum class Look : std::uint8_t { Letter, Mark, Blank, Nothing };
 
 Look look_of(utf8proc_int32_t letter) {
-    constexpr utf8proc_int32_t kHangulFiller = 0x3164;
     constexpr utf8proc_int32_t kBraillePatternBlank = 0x2800;
-    if (letter == kHangulFiller || letter == kBraillePatternBlank) return Look::Blank;
+    if (letter == '\t' || letter == '\n' || letter == '\r' || letter == kBraillePatternBlank) return Look::Blank;
     switch (utf8proc_category(letter)) {
         case UTF8PROC_CATEGORY_ZS:
         case UTF8PROC_CATEGORY_ZL:
         case UTF8PROC_CATEGORY_ZP:
             return Look::Blank;
-        case UTF8PROC_CATEGORY_CC:
-            return letter == '\t' || letter == '\n' || letter == '\r' ? Look::Blank : Look::Nothing;
         case UTF8PROC_CATEGORY_CF:
         case UTF8PROC_CATEGORY_MN:
         case UTF8PROC_CATEGORY_ME:
-            return Look::Mark;  // joins or changes letters, and is nothing alone
+            return controls(letter) ? Look::Nothing : Look::Mark;  // joins or changes letters, and is nothing alone
+        case UTF8PROC_CATEGORY_CC:
         case UTF8PROC_CATEGORY_CN:
         case UTF8PROC_CATEGORY_CS:
             return Look::Nothing;
-        default:
-            return Look::Letter;
+        default:  // the Hangul fillers are letters to their category
+            return utf8proc_get_property(letter)->ignorable != 0 ? Look::Blank : Look::Letter;
     }
 }
+
+/// Goes through a text and tells where a reader sees the next letter begin.
+class LetterCount {
+public:
+    /// Whether this character begins one.
+    bool begins(utf8proc_int32_t character) {
+        const bool next = count_ == 0 || utf8proc_grapheme_break_stateful(before_, character, &state_);
+        if (next) ++count_;
+        before_ = character;
+        return next;
+    }
+    [[nodiscard]] std::size_t count() const { return count_; }
+
+private:
+    std::size_t count_ = 0;
+    utf8proc_int32_t before_ = 0;
+    utf8proc_int32_t state_ = 0;
+};
 
 /// The bytes 0x80 to 0x9F of Western Windows; a byte that means nothing there shows as a question mark.
 constexpr std::array<utf8proc_int32_t, 32> kWindowsLetters{
@@ -102,25 +132,47 @@ Unseen unseen_in(std::string_view text) {
 }
 
 std::string tidied(std::string_view name) {
+    if (!can_be_seen(name)) return {};
     std::string text;
     bool blank_before = false;
-    bool can_be_seen = false;
     while (!name.empty()) {
         const auto letter = take_letter(name);
         const Look look = letter ? look_of(*letter) : Look::Nothing;
         if (look == Look::Blank) blank_before = !text.empty();
-        if (look == Look::Blank || look == Look::Nothing) continue;
+        if (!letter || look == Look::Blank || look == Look::Nothing) continue;
         if (blank_before) text += ' ';
         blank_before = false;
-        can_be_seen = can_be_seen || look == Look::Letter;
         append(text, *letter);
     }
-    return can_be_seen ? text : std::string{};
+    return text;
 }
 
-std::size_t length_in_characters(std::string_view text) {
-    constexpr auto goes_on = [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; };
-    return text.size() - static_cast<std::size_t>(std::ranges::count_if(text, goes_on));
+bool can_be_seen(std::string_view text) {
+    while (!text.empty()) {
+        const auto letter = take_letter(text);
+        if (letter && look_of(*letter) == Look::Letter) return true;
+    }
+    return false;
+}
+
+std::string fit_for_line(std::string_view text, std::size_t letters) {
+    std::string kept;
+    LetterCount seen;
+    while (!text.empty()) {
+        const auto letter = take_letter(text);
+        if (!letter || controls(*letter)) continue;
+        if (seen.begins(*letter) && seen.count() > letters) break;
+        append(kept, *letter);
+    }
+    return kept;
+}
+
+std::size_t length_in_letters(std::string_view text) {
+    LetterCount seen;
+    while (!text.empty()) {
+        if (const auto letter = take_letter(text)) seen.begins(*letter);
+    }
+    return seen.count();
 }
 
 std::string as_utf8(std::string bytes) {

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+/// What readers take for letters, in one place for the forms, the tables and the teacher.
 namespace marrowfen {
 
 enum class Unseen : std::uint8_t {
@@ -19,7 +20,15 @@ enum class Unseen : std::uint8_t {
 /// can be seen is left.
 [[nodiscard]] std::string tidied(std::string_view name);
 
-[[nodiscard]] std::size_t length_in_characters(std::string_view text);  ///< of UTF-8, in code points
+/// False for a text of blanks and characters that leave no ink of their own.
+[[nodiscard]] bool can_be_seen(std::string_view text);
+
+/// The beginning of a text that a box of one line takes: at most so many letters, none split, and no character that
+/// controls a screen or printer.
+[[nodiscard]] std::string fit_for_line(std::string_view text, std::size_t letters);
+
+/// In letters as a reader counts them: one with its accents, or with signs that are joined to it, is one.
+[[nodiscard]] std::size_t length_in_letters(std::string_view text);
 
 /// The text of a file as UTF-8, without a byte order mark. What is not UTF-8 is taken for the encodings that
 /// spreadsheets write: UTF-16 where a byte order mark says so, otherwise that of Western Windows.
