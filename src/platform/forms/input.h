@@ -75,6 +75,7 @@ struct MousePress {
     MouseButton button = MouseButton::Left;
     MouseButtons held{};               ///< this button, and those that were down already
     std::optional<std::size_t> row{};  ///< none: there are no rows here, as on a scroll bar
+    bool by_touch = false;             ///< with a finger or a pen
 };
 struct MouseMove {
     Point at;

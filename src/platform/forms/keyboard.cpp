@@ -22,6 +22,7 @@ Taker Keyboard::field_or_nobody() const {
 
 Taker Keyboard::handle(const KeyDown& key, std::chrono::milliseconds time) {
     constexpr std::chrono::milliseconds kOneMoment{2};
+    desktop_.mouse_.key_struck();
     Form* form = desktop_.active();
     const bool repeats = key.repeats || (key.code != 0 && key.code == released_ && time - released_at_ <= kOneMoment);
     if (!repeats) pressed_on_ = form;
