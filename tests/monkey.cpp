@@ -5,6 +5,7 @@
 
 #include "core/artwork.h"
 #include "core/game_table.h"
+#include "platform/forms/spoken.h"
 #include "pupils/frmDeletePupils.h"
 #include "pupils/frmErrmsg.h"
 #include "pupils/frmGames.h"
@@ -308,6 +309,10 @@ std::string Monkey::what_is_wrong_with_the_desktop() const {
         return "a tile is dragged from a form that has gone";
     }
     if (depth_ > 0) return {};
+    for (Control* stop : desktop.ring().stops()) {
+        if (part_of(*stop) == Part::None || spoken_name(*stop).empty())
+            return "there is something to press without a name";
+    }
     if (active == nullptr) return "no form is active";
     if (forms.back()->design().level == Level::Message && active != forms.back()) return "a message is not active";
     if (forms.front() != room_.program.forms.find(FormId::frmBackGround)) return "something lies below the backdrop";

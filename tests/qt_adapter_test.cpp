@@ -21,7 +21,7 @@ using QtAdapterTest = ToyScreen;
 struct Gallery : Toy {
     Gallery(Desktop& the_desktop, const Picture& red, const Picture& fine, const Picture& missing)
         : Toy(the_desktop),
-          natural(*this, {3000, 1500, 1500, 1500}, fine, Stretch::No),
+          natural(*this, {3000, 1500, 1500, 1500}, fine, {}, Stretch::No),
           absent(*this, {1500, 3000, 900, 600}, missing),
           drawing(*this, {3000, 3000, 2745, 660}, Picture::artwork("exit")) {
         for (int i = 0; i < 9; ++i) row.add(*this, Rect{1500 + i * 667, 5345, 667, 655}, kWhite).Picture = red;

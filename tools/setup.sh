@@ -4,7 +4,8 @@
 build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev qt6-charts-dev libqt6opengl6-dev qt6-wayland
     libpng-dev libimagequant-dev libsqlite3-dev libutf8proc-dev libcsv-dev libcli11-dev nlohmann-json3-dev libsdl2-dev
     libsndfile1-dev espeak-ng csound sox fonts-comic-neue fonts-sil-andika)
-test_packages=(libgtest-dev xvfb xauth xdotool sqlite3 clang-format)
+test_packages=(libgtest-dev xvfb xauth xdotool sqlite3 clang-format
+    at-spi2-core dbus-daemon gir1.2-atspi-2.0 python3-gi)  # a screen reader's side
 trial_packages=(fuse3 libfuse3-dev)  # only for tools/trials share
 fuzz_packages=(clang-16 libclang-rt-16-dev)  # only for tools/trials fuzz
 bench_packages=(libbenchmark-dev libx11-dev libxtst-dev libxdamage-dev valgrind)

@@ -26,19 +26,24 @@ bool frmSimpleKeyBoard::is_right_hand(int key) const {
     return false;
 }
 
-Picture frmSimpleKeyBoard::face(int key) const {
+void frmSimpleKeyBoard::paint_face(int number) {
     const State& state = program_.state;
     const RowSet& row = *state.GameRs;
+    PictureBox& key = Keys[number];
     const bool split = is_split();
     if (!split && as_flag(row.field("background"))) {
-        return Picture::file(program_.path(thing_picture(as_text(row.field(column_of(key))))));
+        const std::string thing = as_text(row.field(column_of(number)));
+        key.Picture = Picture::file(program_.path(thing_picture(thing)));
+        key.Spoken = key.Tag.get() + ", " + thing;
+        return;
     }
-    const CapKind cap = split && is_right_hand(key) ? CapKind::RightFace : CapKind::Face;
-    return Picture::file(program_.path(key_picture(cap, as_text(row.field("droptype")), letter_of(key, state))));
+    const CapKind cap = split && is_right_hand(number) ? CapKind::RightFace : CapKind::Face;
+    const std::string file = key_picture(cap, as_text(row.field("droptype")), letter_of(number, state));
+    key.Picture = Picture::file(program_.path(file));
 }
 
 void frmSimpleKeyBoard::paint_faces() {
-    for (int key = 1; key <= kKeyCount; ++key) Keys[key].Picture = face(key);
+    for (int key = 1; key <= kKeyCount; ++key) paint_face(key);
 }
 
 Picture frmSimpleKeyBoard::tile_picture(int key) const {
@@ -50,6 +55,7 @@ Picture frmSimpleKeyBoard::tile_picture(int key) const {
 void frmSimpleKeyBoard::deal(PictureBox& tile, int key) {
     std::string& letter = letter_of(key, program_.state);
     tile.Tag = letter;
+    tile.Spoken = "Tile " + letter;
     tile.Picture = tile_picture(key);
     letter.clear();
     ++program_.state.PanelsDone;

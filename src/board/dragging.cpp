@@ -35,7 +35,7 @@ void frmSimpleKeyBoard::drop(PictureBox& key, PictureBox& tile) {
             if (state.PhonicsOn) program_.PlayCue("Steely~1.au");
             return;
         }
-        key.Picture = tile.Picture;
+        fill(key, tile.Picture);
         if (++state.KeysDone == kKeyCount) {
             program_.referee->win_tiles(tile);
             return;

@@ -11,7 +11,9 @@ constexpr Colour kPanBorderColour = rgb(192, 0, 0);
 }  // namespace
 
 frmSimpleKeyBoard::frmSimpleKeyBoard(Program& program)
-    : ListeningForm(program, {.size = {11940, 5565}, .key_preview = KeyPreview::Yes, .back = rgb(230, 249, 57)}),
+    : ListeningForm(
+          program,
+          {.size = {11940, 5565}, .key_preview = KeyPreview::Yes, .back = rgb(230, 249, 57), .spoken = "Keyboard"}),
       PanBorder(*this, {5775, 2400, 735, 675}, {.outline = kPanBorderColour, .outline_pixels = 2}) {
     const Game* game = find_game(program.state.TemplateID);
     const bool takes_clicks = game != nullptr && game->clicked != RuleId::None;
@@ -105,6 +107,11 @@ PictureBox* frmSimpleKeyBoard::find_key(std::string_view letter) {
         if (key.Tag == tag) return &key;
     }
     return nullptr;
+}
+
+void frmSimpleKeyBoard::fill(PictureBox& key, const Picture& picture) {
+    key.Picture = picture;
+    key.Spoken = key.Tag.get() + ", done";
 }
 
 void frmSimpleKeyBoard::enable_play() {

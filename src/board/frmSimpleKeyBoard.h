@@ -18,7 +18,7 @@ public:
     Image BackPicture {*this, {     0,    0, 12015, 6210}, art::kBoard};
     ControlArray<PictureBox, 1> Keys;
     Image Close_Pre   {*this, {  8580, 4890,  2745,  690}, art::kClosePressed};
-    Image close_De    {*this, {  8580, 4890,  2745,  660}, art::kClose};
+    Image close_De    {*this, {  8580, 4890,  2745,  660}, art::kClose, "Close"};
     ControlArray<PictureBox, 0> DragKey;
     Shape PanBorder;
     // clang-format on
@@ -35,6 +35,8 @@ public:
     void refill(PictureBox& tile);
     /// The key of a letter in either case, or of a digit; nullptr: there is none.
     [[nodiscard]] PictureBox* find_key(std::string_view letter);
+    /// The key is done: it shows what it was given.
+    static void fill(PictureBox& key, const Picture& picture);
     /// Lets the pupil play.
     void enable_play();
     [[nodiscard]] Control* way_out() override { return &close_De; }
@@ -46,11 +48,11 @@ private:
 
     [[nodiscard]] Result<bool> read_template();  ///< false: there is no such game
     void paint_faces();
+    void paint_face(int number);
     void deal_first_tiles();
     void deal(PictureBox& tile, int key);
     [[nodiscard]] bool is_split() const;
     [[nodiscard]] bool is_right_hand(int key) const;
-    [[nodiscard]] Picture face(int key) const;
     [[nodiscard]] Picture tile_picture(int key) const;
 
     void mark(const PictureBox& field);

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "core/game_table.h"
 #include "core/key_pictures.h"
 
 namespace marrowfen {
@@ -13,7 +14,7 @@ constexpr Twips kFromRightEnd = 130;
 }  // namespace
 
 frmPictureCard::frmPictureCard(Program& program)
-    : ProgramForm(program, {.size = {1785, 1890}, .placement = Placement::Own}) {}
+    : ProgramForm(program, {.size = {1785, 1890}, .placement = Placement::Own, .spoken = "Picture card"}) {}
 
 void frmPictureCard::SetPics() {
     for (std::size_t i = 0; i < kCardWords.size(); ++i) program_.state.CardWords[i + 1] = kCardWords[i];
@@ -41,6 +42,9 @@ std::string frmPictureCard::draw_card() {
         state.CardIndex = static_cast<State::Whole>(program_.ports.random.draw(kCards));
     } while (word().empty());
     pic.Picture = Picture::file(program_.path(card_picture(word())));
+    const Game* game = find_game(state.TemplateID);
+    const bool is_answer = game != nullptr && game->typed == RuleId::PictureSpelling;
+    pic.Spoken = is_answer ? "Picture " + std::to_string(state.WordCursor + 1) : word();
     return std::exchange(word(), {});
 }
 

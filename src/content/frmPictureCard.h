@@ -12,7 +12,7 @@ public:
     static constexpr State::Whole kCards{kCardWords.size()};
     explicit frmPictureCard(Program& program);
 
-    Image pic{*this, {0, 0, 1785, 1695}, {}, Stretch::No};
+    Image pic{*this, {0, 0, 1785, 1695}, {}, {}, Stretch::No};
 
     void SetPics();  ///< lays out all 26 cards
     void load() override;

@@ -27,7 +27,9 @@ bool is_complete(const RowSet& sentences) {
 }  // namespace
 
 frmSentence::frmSentence(Program& program)
-    : ListeningForm(program, {.size = {5580, 855}, .placement = Placement::Own, .key_preview = KeyPreview::Yes}) {}
+    : ListeningForm(
+          program,
+          {.size = {5580, 855}, .placement = Placement::Own, .key_preview = KeyPreview::Yes, .spoken = "Sentence"}) {}
 
 void frmSentence::place() {
     Left = desktop().screen().width - Width;

@@ -30,7 +30,10 @@ Result<std::vector<Rhyme>> rows_of_group(RowSet& words, State::Whole group) {
 }  // namespace
 
 frmWord::frmWord(Program& program)
-    : ListeningForm(program, {.size = {8400, 705}, .placement = Placement::Own, .key_preview = KeyPreview::Yes}) {}
+    : ListeningForm(program, {.size = {8400, 705},
+                              .placement = Placement::Own,
+                              .key_preview = KeyPreview::Yes,
+                              .spoken = "Word to rhyme with"}) {}
 
 void frmWord::place() {
     Left = desktop().screen().width - Width;

@@ -13,7 +13,8 @@ public:
                                   .placement = Placement::Maximised,
                                   .level = Level::Ordinary,
                                   .key_preview = KeyPreview::Yes,
-                                  .border = Border::Thin}) {}
+                                  .border = Border::Thin,
+                                  .spoken = "Backdrop"}) {}
 };
 
 }  // namespace marrowfen

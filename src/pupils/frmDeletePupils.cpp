@@ -4,7 +4,8 @@
 
 namespace marrowfen {
 
-frmDeletePupils::frmDeletePupils(Program& program) : ProgramForm(program, {.size = {6690, 7635}}) {}
+frmDeletePupils::frmDeletePupils(Program& program)
+    : ProgramForm(program, {.size = {6690, 7635}, .spoken = "Remove pupils"}) {}
 
 void frmDeletePupils::load() {
     program_.state.GameRs = program_.open_rows("Pupils");

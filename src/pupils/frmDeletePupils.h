@@ -16,11 +16,11 @@ public:
     //                            left   top  width height
     Label   Label1    {*this, {     75,   45,  6555,  450}, "Highlight a name from the list below then press delete.",
                        comic(12), kRed};
-    ListBox lbkids    {*this, {    180,  600,  6330, 5880}, {.font = comic(14.25)}};
+    ListBox lbkids    {*this, {    180,  600,  6330, 5880}, {.font = comic(14.25)}, "Pupils"};
     Image   DeletePre {*this, {    195, 6705,  2715,  780}, art::kDeletePressed};
-    Image   DeleteDe  {*this, {    195, 6705,  2685,  735}, art::kDelete};
+    Image   DeleteDe  {*this, {    195, 6705,  2685,  735}, art::kDelete, "Delete"};
     Image   ClosePre  {*this, {   3825, 6690,  2745,  765}, art::kCloseListPressed};
-    Image   CloseDe   {*this, {   3825, 6690,  2685,  750}, art::kCloseList};
+    Image   CloseDe   {*this, {   3825, 6690,  2685,  750}, art::kCloseList, "Close"};
     // clang-format on
 
     void load() override;  ///< without a list to remove from it goes again

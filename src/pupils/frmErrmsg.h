@@ -20,7 +20,7 @@ public:
     TextBox Text1      {*this, {   375, 3855,    30,  150}, TextBox::Mode::Editable,
                         {.font = comic(8), .fore = kYellow, .back = kYellow, .framed = false}};
     Image   ContinuePr {*this, {  3780, 3645,  2745,  690}, art::kContinuePressed};
-    Image   ContinueDe {*this, {  3840, 3645,  2760,  660}, art::kContinue};
+    Image   ContinueDe {*this, {  3840, 3645,  2760,  660}, art::kContinue, "Continue"};
     // clang-format on
 
     void tell(const std::string& message) override { ErrMsg.Caption = message; }

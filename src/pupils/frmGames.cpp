@@ -16,11 +16,7 @@ std::int64_t game_number(const std::string& entry) {
 
 }  // namespace
 
-frmGames::frmGames(Program& program) : ReadingForm(program, {.size = {9735, 8310}}) {
-    Snd_On.on_click = [this] { switch_sound(false); };
-    sndOff.on_click = [this] { switch_sound(true); };
-    Phon_On.on_click = [this] { switch_phonics(false); };
-    Phon_OFF.on_click = [this] { switch_phonics(true); };
+frmGames::frmGames(Program& program) : ReadingForm(program, {.size = {9735, 8310}, .spoken = "Games"}) {
     List1.on_double_click = [this] { play(); };
     List1.on_enter_key = [this] {
         if (List1.selected_count() != 0) play();
@@ -47,12 +43,12 @@ std::optional<StoreFailure> frmGames::read() {
 
 void frmGames::switch_sound(bool on) {
     program_.state.SoundOn = on;
-    (on ? Snd_On : sndOff).bring_to_front();
+    sound_.set(on);
 }
 
 void frmGames::switch_phonics(bool on) {
     program_.state.PhonicsOn = on;
-    (on ? Phon_On : Phon_OFF).bring_to_front();
+    phonics_.set(on);
 }
 
 bool frmGames::has_chosen(const char* otherwise) {

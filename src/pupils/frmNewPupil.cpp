@@ -6,7 +6,7 @@
 
 namespace marrowfen {
 
-frmNewPupil::frmNewPupil(Program& program) : ProgramForm(program, {.size = {6585, 3855}}) {
+frmNewPupil::frmNewPupil(Program& program) : ProgramForm(program, {.size = {6585, 3855}, .spoken = "New player"}) {
     txtpupilname.on_key_press = [this](KeyPress& press) {
         if (press.code != U'\r') return;
         press.swallow();

@@ -19,9 +19,9 @@ public:
     TextBox txtpupilname {*this, {   135, 1020,  6105,  510}, TextBox::Mode::Editable, {.font = comic(15.75)},
                           kLongestName};
     Image   BackPr       {*this, {    60, 2460,  2730,  675}, art::kBackPressed};
-    Image   BackDe       {*this, {    60, 2460,  2745,  660}, art::kBack};
+    Image   BackDe       {*this, {    60, 2460,  2745,  660}, art::kBack, "Back"};
     Image   NextPr       {*this, {  3555, 2460,  2760,  660}, art::kNextPressed};
-    Image   NextDe       {*this, {  3555, 2460,  2745,  690}, art::kNext};
+    Image   NextDe       {*this, {  3555, 2460,  2745,  690}, art::kNext, "Next"};
     // clang-format on
 
     void resized() override { desktop().set_focus(txtpupilname); }

@@ -3,7 +3,7 @@
 namespace marrowfen {
 
 frmSelectGame::frmSelectGame(Program& program)
-    : ReadingForm(program, {.size = {11445, 10200}, .key_preview = KeyPreview::Yes}) {
+    : ReadingForm(program, {.size = {11445, 10200}, .key_preview = KeyPreview::Yes, .spoken = "Your name"}) {
     cmbPupils.on_key_press = [](KeyPress& press) { press.swallow(); };
     cmbPupils.on_click = [this] { pupil_chosen(); };
 }

@@ -16,15 +16,16 @@ public:
 
     // clang-format off
     //                              left   top  width height
-    Image    Image1      {*this, {  2040,  660,  7680, 3480}, art::kTitle};
+    Image    Image1      {*this, {  2040,  660,  7680, 3480}, art::kTitle, "Marrowfen"};
     Shape    Shape1      {*this, {   885, 4290,  9735, 3135}, {.fill = kPanel, .corner = 400}};
     Label    Label11     {*this, {  1365, 4605,  8790,  810}, "Please select your name", comic(26.25), kWhite,
                           Align::Centre};
-    ComboBox cmbPupils   {*this, {  2595, 5775,  3765,  555}, {.font = comic(15.75), .fore = kRed, .back = kWhite}};
+    ComboBox cmbPupils   {*this, {  2595, 5775,  3765,  555}, {.font = comic(15.75), .fore = kRed, .back = kWhite},
+                          "Your name"};
     Image    NewPLay_Pre {*this, {  6405, 5775,  2700,  615}, art::kNewPlayerPressed};
-    Image    NewPlay_De  {*this, {  6405, 5775,  2775,  630}, art::kNewPlayer};
+    Image    NewPlay_De  {*this, {  6405, 5775,  2775,  630}, art::kNewPlayer, "New player"};
     Image    Exitpr      {*this, {  6390, 6480,  2715,  660}, art::kExitPressed};
-    Image    Exitde      {*this, {  6390, 6480,  2745,  660}, art::kExit};
+    Image    Exitde      {*this, {  6390, 6480,  2745,  660}, art::kExit, "Exit"};
     Label    Label1      {*this, {  4215, 7725,  2760,  795}, "Marrowfen\nLearn letters by playing", comic(12), kBlue,
                           Align::Centre};
     // clang-format on

@@ -5,7 +5,7 @@
 
 namespace marrowfen {
 
-frmSettings::frmSettings(Program& program) : ProgramForm(program, {.size = {10605, 6990}}) {
+frmSettings::frmSettings(Program& program) : ProgramForm(program, {.size = {10605, 6990}, .spoken = "Team colour"}) {
     Image1.on_mouse_down = [this] { redDe.bring_to_front(), join(kRedTeam); };
     Image3.on_mouse_down = [this] { YellowDe.bring_to_front(), join(kYellowTeam); };
     Image4.on_mouse_down = [this] { GreenDe.bring_to_front(), join(kGreenTeam); };

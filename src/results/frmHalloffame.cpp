@@ -31,7 +31,8 @@ constexpr TextBox::Style kDateCell{.font = comic(12), .fore = {16762944}, .back 
 
 }  // namespace
 
-frmHalloffame::frmHalloffame(Program& program) : ReadingForm(program, {.size = {9990, 8400}}) {
+frmHalloffame::frmHalloffame(Program& program)
+    : ReadingForm(program, {.size = {9990, 8400}, .spoken = "Hall of fame"}) {
     for (const Row& row : kRowPlaces) {
         Pname.add(*this, row.name, TextBox::Mode::ReadOnly, kCell);
         Ptime.add(*this, row.time, TextBox::Mode::ReadOnly, kCell);

@@ -37,11 +37,11 @@ public:
     ControlArray<TextBox, 1> Points;
     ControlArray<TextBox, 1> TheDate;
     Image PlayAgainPr {*this, {     240, 7635,  2760,  660}, art::kPlayAgainPressed};
-    Image PlayAgainDe {*this, {     240, 7635,  2745,  705}, art::kPlayAgain};
+    Image PlayAgainDe {*this, {     240, 7635,  2745,  705}, art::kPlayAgain, "Play again"};
     Image Exitpr      {*this, {    3765, 7635,  2745,  675}, art::kExitPressed};
-    Image Exitde      {*this, {    3765, 7635,  2715,  660}, art::kExit};
+    Image Exitde      {*this, {    3765, 7635,  2715,  660}, art::kExit, "Exit"};
     Image AnotherPr   {*this, {    7170, 7635,  2730,  660}, art::kAnotherPressed};
-    Image AnotherDe   {*this, {    7170, 7635,  2730,  660}, art::kAnother};
+    Image AnotherDe   {*this, {    7170, 7635,  2730,  660}, art::kAnother, "Another game"};
     // clang-format on
 
     void for_viewing_only();  ///< without the way back into the game

@@ -19,7 +19,7 @@ int points(int elapsed, int limit) {
 
 }  // namespace
 
-frmScore::frmScore(Program& program) : ReadingForm(program, {.size = {6720, 5835}}) {}
+frmScore::frmScore(Program& program) : ReadingForm(program, {.size = {6720, 5835}, .spoken = "Your result"}) {}
 
 void frmScore::load() {
     const State& state = program_.state;

@@ -20,7 +20,7 @@ public:
     Label   Label2    {*this, {   210, 2820,  6360,  510}, "Points:", comic(20.25), kRed, Align::Centre};
     TextBox txtpoints {*this, {  2130, 3420,  2490,  390}, TextBox::Mode::ReadOnly, {.font = comic(9.75)}};
     Image   HallPr    {*this, {  1995, 4470,  2745,  660}, art::kHallPressed};
-    Image   HallDe    {*this, {  1995, 4470,  2730,  675}, art::kHall};
+    Image   HallDe    {*this, {  1995, 4470,  2730,  675}, art::kHall, "Hall of fame"};
     // clang-format on
 
     void load() override;

@@ -16,11 +16,11 @@ public:
     //                             left   top  width height
     Label Label1      {*this, {     570,  225,  7440, 1065}, "Your time is up", comic(20.25), kRed, Align::Centre};
     Image PlayAgainPr {*this, {      75, 1755,  2760,  660}, art::kPlayAgainPressed};
-    Image PlayAgainDe {*this, {      75, 1755,  2745,  705}, art::kPlayAgain};
+    Image PlayAgainDe {*this, {      75, 1755,  2745,  705}, art::kPlayAgain, "Play again"};
     Image AnotherPr   {*this, {    3150, 1770,  2730,  660}, art::kAnotherPressed};
-    Image AnotherDe   {*this, {    3150, 1770,  2730,  660}, art::kAnother};
+    Image AnotherDe   {*this, {    3150, 1770,  2730,  660}, art::kAnother, "Another game"};
     Image Exitpr      {*this, {    6135, 1770,  2745,  675}, art::kExitPressed};
-    Image Exitde      {*this, {    6165, 1770,  2715,  660}, art::kExit};
+    Image Exitde      {*this, {    6165, 1770,  2715,  660}, art::kExit, "Exit"};
     // clang-format on
 
     [[nodiscard]] Control* way_out() override { return &AnotherDe; }

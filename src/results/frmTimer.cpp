@@ -17,7 +17,9 @@ constexpr double kWholeTurn = 2 * (22.0 / 7);  // a little more than it is, as t
 }  // namespace
 
 frmTimer::frmTimer(Program& program)
-    : ListeningForm(program, {.size = {1560, 2325}, .placement = Placement::Own, .key_preview = KeyPreview::Yes}),
+    : ListeningForm(
+          program,
+          {.size = {1560, 2325}, .placement = Placement::Own, .key_preview = KeyPreview::Yes, .spoken = "Stopwatch"}),
       HandAngle(kTwelveOClock) {}
 
 void frmTimer::place() {
@@ -40,6 +42,7 @@ void frmTimer::start() {
     HandStep = kWholeTurn / program_.state.TimeLimit;
     HandAngle = kTwelveOClock;
     FillColor = kWhite;
+    dial.SecondsLeft = {program_.state.TimeLimit, program_.state.TimeLimit};
     KeyTimer.enable();
     desktop().yield();
     if (!desktop().is_loaded(*this)) return;
@@ -56,6 +59,7 @@ void frmTimer::tick() {
     if (state.GameWon) return;
     const auto advance = [this] { HandAngle = static_cast<float>(static_cast<double>(HandAngle) + HandStep); };
     ++state.TimeElapsed;
+    dial.SecondsLeft = {state.TimeLimit - state.TimeElapsed, state.TimeLimit};
     const bool up = state.TimeElapsed == state.TimeLimit;
     advance();
     draw_sector();

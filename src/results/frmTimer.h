@@ -18,9 +18,9 @@ public:
     //                                  left   top  width height
     Image stop1           {*this, {       30,  -15,  1440, 1650}, art::kStopwatchPressed};
     Image stopwatch       {*this, {       30,  -15,  1440, 1650}, art::kStopwatch};
-    Dial  dial            {*this, {780, 940}, 490};
+    Dial  dial            {*this, {780, 940}, 490, "Stopwatch"};
     Image Timer_Start_Pre {*this, {      120, 1725,  1350,  555}, art::kStartPressed};
-    Image Timer_Start_De  {*this, {      120, 1725,  1365,  555}, art::kStart};
+    Image Timer_Start_De  {*this, {      120, 1725,  1365,  555}, art::kStart, "Start"};
     Timer KeyTimer        {*this, std::chrono::seconds{1}, [this] { tick(); }};
     // clang-format on
 

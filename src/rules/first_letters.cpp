@@ -33,7 +33,7 @@ void FirstLetters::judge(const Answer& answer) {
     if (last) set_won();
     if (state.PhonicsOn && !cue(phonic(answer.letter))) return;
     if (PictureBox* key = board().find_key(answer.letter)) {
-        key->Picture = small_letter(typed ? key->Tag.get() : card->pic.Tag.get());
+        board().fill(*key, small_letter(typed ? key->Tag.get() : card->pic.Tag.get()));
     }
     ++state.WordCursor;
     if (!state.PhonicsOn && !cue_and_yield(manner.right_cue)) return;

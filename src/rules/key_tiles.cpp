@@ -26,7 +26,7 @@ void KeyTiles::judge(const Answer& answer) {
     const bool last = state.KeysDone == kKeyCount - 1;
     if (last) set_won();
     if (state.PhonicsOn && !cue(phonic(tile->Tag.get()))) return;
-    board().find_key(answer.letter)->Picture = tile->Picture;
+    board().fill(*board().find_key(answer.letter), tile->Picture);
     ++state.KeysDone;
     if (last) {
         win(*tile);

@@ -22,7 +22,7 @@ void PictureSpelling::word_finished(const Answer& answer) {
     State& state = program_.state;
     const Manner& manner = answer.by == By::Typing ? kTyped : kClicked;
     PictureBox* key = manner.marks == Marks::LastLetter ? answer.key : board().find_key(state.TargetText.substr(0, 1));
-    if (key != nullptr) key->Picture = small_letter(key->Tag.get());
+    if (key != nullptr) board().fill(*key, small_letter(key->Tag.get()));
     const bool last = is_last_word();
     if (!cue_and_yield(manner.right_cue)) return;
     show_found("");

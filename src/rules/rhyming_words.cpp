@@ -35,6 +35,7 @@ void RhymingWords::judge(const Answer& answer) {
     }
     card->Image1.Visible = true;
     card->Image1.Picture = Picture::file(program_.path(key_picture(CapKind::Tile, kUpper, answer.letter)));
+    card->Image1.Spoken = in_capitals(answer.letter);
     state.TypedText = in_capitals(answer.letter) + card->end.Caption.get();
     if (card->theword.Caption == state.TypedText) {
         (void)cue_and_yield(manner.same_word_cue);

@@ -29,7 +29,7 @@ constexpr std::array<TestKey, 36> kTestKeys{{
 }  // namespace
 
 frmTypingTest::frmTypingTest(Program& program)
-    : ProgramForm(program, {.size = {9570, 6765}, .level = Level::Ordinary}),
+    : ProgramForm(program, {.size = {9570, 6765}, .level = Level::Ordinary, .spoken = "Typing test"}),
       PanBorder(*this, {7365, 4425, 795, 750}, {.outline = rgb(192, 0, 0), .outline_pixels = 2}) {
     for (const TestKey& key : kTestKeys) {
         Keys.add(*this, Rect{key.left, key.top, kTestKeySize.width, kTestKeySize.height}, kYellow).Tag =

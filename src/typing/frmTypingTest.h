@@ -23,11 +23,11 @@ public:
                      comic(14.25), kRed, Align::Centre};
     Label BuildTest {*this, {     60, 1500,  9405,  720}, "", comic(14.25), kRed, Align::Centre};
     ControlArray<PictureBox, 0> Keys;
-    Image Image1    {*this, {   2670, 5190,  4020,  600}, art::kSpaceBar};
-    Image Image2    {*this, {   7320, 4470,   660,  600}, art::kFullStop};
+    Image Image1    {*this, {   2670, 5190,  4020,  600}, art::kSpaceBar, "Space bar"};
+    Image Image2    {*this, {   7320, 4470,   660,  600}, art::kFullStop, "Full stop"};
     PictureBox Picture1 {*this, { 315, 4260,     0,    0}, kYellow};
     Image skip_pre  {*this, {   6840, 5250,  1095,  555}, art::kSkipPressed};
-    Image skip_de   {*this, {   6840, 5250,  1095,  540}, art::kSkip};
+    Image skip_de   {*this, {   6840, 5250,  1095,  540}, art::kSkip, "Skip"};
     Shape PanBorder;
     Timer TestTimer {*this, std::chrono::seconds{1}, [this] { ++TestSeconds; }};
     // clang-format on

@@ -14,6 +14,7 @@ Control::Control(Form& form, const Rect& bounds)
       Visible(*this, true),
       Enabled(*this, true),
       Tag(*this, {}),
+      Spoken(*this, {}),
       form_(form),
       number_(form.controls_.size()) {
     form.controls_.push_back(this);

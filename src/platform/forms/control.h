@@ -39,6 +39,8 @@ public:
     Property<bool> Visible;
     Property<bool> Enabled;  ///< a disabled control gives its mouse events to the form's bare surface
     Property<std::string> Tag;
+    /// What it is called where nothing that is written on it says so; empty: it has no other name.
+    Property<std::string> Spoken;
 
     // What happens to the control. An empty handler means that nothing does.
     std::function<void()> on_mouse_down;

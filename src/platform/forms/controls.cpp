@@ -37,16 +37,20 @@ Label::Label(Form& form, const Rect& bounds, std::string caption, Font font_, Co
       align(align_),
       back(back_) {}
 
-Image::Image(Form& form, const Rect& bounds, const marrowfen::Picture& picture, Stretch stretch_)
-    : Control(form, bounds), Picture(*this, picture), stretch(stretch_) {}
+Image::Image(Form& form, const Rect& bounds, const marrowfen::Picture& picture, std::string spoken, Stretch stretch_)
+    : Control(form, bounds), Picture(*this, picture), stretch(stretch_) {
+    Spoken = std::move(spoken);
+}
 
 PictureBox::PictureBox(Form& form, const Rect& bounds, std::optional<Colour> back_, DragMode drag_mode_)
     : Control(form, bounds), Picture(*this, {}), back(back_), drag_mode(drag_mode_) {}
 
 Shape::Shape(Form& form, const Rect& bounds, const Style& style_) : Control(form, bounds), style(style_) {}
 
-Dial::Dial(Form& form, Point centre, Twips radius)
-    : Control(form, {centre.x - radius, centre.y - radius, 2 * radius, 2 * radius}) {}
+Dial::Dial(Form& form, Point centre, Twips radius, std::string spoken)
+    : Control(form, {centre.x - radius, centre.y - radius, 2 * radius, 2 * radius}), SecondsLeft(*this, {}) {
+    Spoken = std::move(spoken);
+}
 
 void Dial::draw(const Disc& disc) {
     while (!drawn_.empty() && hides(disc, drawn_.back())) drawn_.pop_back();
@@ -65,7 +69,10 @@ TextBox::TextBox(Form& form, const Rect& bounds, Mode mode_, const Style& style_
 
 void TextBox::edit(std::string_view text) { Text = fit_for_line(text, max_length); }
 
-ListBox::ListBox(Form& form, const Rect& bounds, const Style& style_) : Control(form, bounds), style(style_) {}
+ListBox::ListBox(Form& form, const Rect& bounds, const Style& style_, std::string spoken)
+    : Control(form, bounds), style(style_) {
+    Spoken = std::move(spoken);
+}
 
 void ListBox::clear() {
     entries_.clear();
@@ -89,8 +96,10 @@ void ListBox::clear_selection() { select(entries_.size()); }
 
 std::string ListBox::text() const { return selected_ ? entries_[*selected_] : std::string{}; }
 
-ComboBox::ComboBox(Form& form, const Rect& bounds, const ListBox::Style& style_)
-    : Control(form, bounds), Text(*this, {}), style(style_) {}
+ComboBox::ComboBox(Form& form, const Rect& bounds, const ListBox::Style& style_, std::string spoken)
+    : Control(form, bounds), Text(*this, {}), style(style_) {
+    Spoken = std::move(spoken);
+}
 
 void ComboBox::fill(std::vector<std::string> entries) {
     entries_ = std::move(entries);

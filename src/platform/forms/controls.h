@@ -27,13 +27,15 @@ public:
 enum class Stretch : std::uint8_t { No, Yes };
 
 /// A picture without a frame. Stretched, it fills its bounds; otherwise it stands at the upper left in its natural
-/// size.
+/// size. `spoken` is what it says to somebody who can't see it; a picture that says nothing only decorates.
 class Image final : public Control {
 public:
     [[nodiscard]] AnyControl any() override { return this; }
-    Image(Form& form, const Rect& bounds, const marrowfen::Picture& picture = {}, Stretch stretch = Stretch::Yes);
+    Image(Form& form, const Rect& bounds, const marrowfen::Picture& picture = {}, std::string spoken = {},
+          Stretch stretch = Stretch::Yes);
     Property<marrowfen::Picture> Picture;
     const Stretch stretch;
+    std::optional<bool> switched;  ///< which state of a switch it shows; none: it is no switch
 };
 
 enum class DragMode : std::uint8_t { None, Automatic };
@@ -81,7 +83,13 @@ struct Disc {
 /// A round face that is painted disc by disc, and bare at first. Nothing wipes it clean.
 class Dial final : public Control {
 public:
-    Dial(Form& form, Point centre, Twips radius);
+    struct Time {
+        int left = 0;
+        int of = 0;  ///< 0: it has not been set
+        friend constexpr bool operator==(Time, Time) = default;
+    };
+    Dial(Form& form, Point centre, Twips radius, std::string spoken = {});
+    Property<Time> SecondsLeft;  ///< said, not drawn
     [[nodiscard]] AnyControl any() override { return this; }
     void draw(const Disc& disc);
     [[nodiscard]] const std::vector<Disc>& drawn() const { return drawn_; }  ///< but for what later discs hide
@@ -133,7 +141,7 @@ public:
         Colour fore = kRed;
         Colour back = kYellow;
     };
-    ListBox(Form& form, const Rect& bounds, const Style& style);
+    ListBox(Form& form, const Rect& bounds, const Style& style, std::string spoken = {});
     const Style style;
     std::function<void()> on_enter_key;
 
@@ -157,7 +165,7 @@ private:
 class ComboBox final : public Control {
 public:
     [[nodiscard]] AnyControl any() override { return this; }
-    ComboBox(Form& form, const Rect& bounds, const ListBox::Style& style);
+    ComboBox(Form& form, const Rect& bounds, const ListBox::Style& style, std::string spoken = {});
     Property<std::string> Text;  ///< what the box shows
     const ListBox::Style style;
 

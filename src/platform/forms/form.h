@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <string_view>
 #include <vector>
 
 #include "platform/forms/controls.h"
@@ -23,7 +24,8 @@ struct FormDesign {
     KeyPreview key_preview = KeyPreview::No;
     Border border = Border::None;
     Colour back = kYellow;
-    Twips bare_top = 0;  ///< so much of its upper edge shows what lies below, under its controls
+    Twips bare_top = 0;         ///< so much of its upper edge shows what lies below, under its controls
+    std::string_view spoken{};  ///< its name for somebody who can't see it
 };
 
 /// A window of the program. Handlers are told in the order load, activated, resized when it is first shown.

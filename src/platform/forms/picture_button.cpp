@@ -12,4 +12,13 @@ PictureButton::PictureButton(Image& released, Image& pressed, std::function<void
     };
 }
 
+PictureSwitch::PictureSwitch(Image& on, Image& off, std::function<void(bool on)> asked_for) : on_(on), off_(off) {
+    on.switched = true;
+    off.switched = false;
+    on.on_click = [asked_for] { asked_for(false); };
+    off.on_click = [asked_for = std::move(asked_for)] { asked_for(true); };
+}
+
+void PictureSwitch::set(bool on) { (on ? on_ : off_).bring_to_front(); }
+
 }  // namespace marrowfen

@@ -13,4 +13,16 @@ public:
     PictureButton(Image& released, Image& pressed, std::function<void()> action);
 };
 
+/// Two pictures on one spot, of which one shows that something is on and the other that it is off. A click on the one
+/// that shows asks for the other state; who is asked sets it.
+class PictureSwitch {
+public:
+    PictureSwitch(Image& on, Image& off, std::function<void(bool on)> asked_for);
+    void set(bool on);
+
+private:
+    Image& on_;
+    Image& off_;
+};
+
 }  // namespace marrowfen

@@ -7,17 +7,13 @@
 #include <utility>
 
 #include "platform/forms/desktop.h"
+#include "platform/forms/reading_order.h"
 
 namespace marrowfen {
 
 namespace {
 
 constexpr Twips kSmallestStop = 8 * kTwipsPerPixel;  // what is smaller can't be seen, let alone its ring
-
-Rect on_screen(const Control& control) {
-    const Rect bounds = control.bounds();
-    return {control.form().Left + bounds.left, control.form().Top + bounds.top, bounds.width, bounds.height};
-}
 
 bool acts(const Control& control) { return control.on_mouse_down || control.on_mouse_up || control.on_click; }
 
@@ -27,19 +23,6 @@ bool in_one_group(Control& a, Control& b) {
     const auto* one = as<PictureBox>(&a);
     const auto* other = as<PictureBox>(&b);
     return one != nullptr && other != nullptr && &a.form() == &b.form() && one->drag_mode == other->drag_mode;
-}
-
-// Rows as an eye finds them: what has its middle beside the first of a row stands in that row.
-void sort_for_reading(std::vector<Control*>& controls) {
-    std::ranges::stable_sort(controls, {}, [](const Control* c) { return on_screen(*c).top; });
-    for (auto row = controls.begin(); row != controls.end();) {
-        const Twips bottom = on_screen(**row).bottom();
-        const auto end =
-            std::find_if(row, controls.end(), [&](const Control* c) { return on_screen(*c).centre().y >= bottom; });
-        std::stable_sort(row, end,
-                         [](const Control* a, const Control* b) { return on_screen(*a).left < on_screen(*b).left; });
-        row = end;
-    }
 }
 
 // Characters are for a control that is no field: they are answers there, a space among them.
@@ -105,6 +88,9 @@ void Ring::forget(const Form& form) {
 
 void Ring::settle() {
     if (!shown_ || (at_ != nullptr && is_stop(*at_))) return;
+    // The other side of a switch has come to lie upon the one that was pressed.
+    Control* upon = at_ != nullptr ? at_->form().control_at(at_->bounds().centre()) : nullptr;
+    if (upon != nullptr && is_stop(*upon)) return go_to(*upon);
     at_ = nullptr;
     desktop_.rearranged();
     Control* next = entry();

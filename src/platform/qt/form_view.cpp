@@ -3,26 +3,15 @@
 #include <QPaintEvent>
 #include <QPainter>
 
+#include "platform/forms/reading_order.h"
+#include "platform/forms/spoken.h"
 #include "platform/match.h"
+#include "platform/qt/accessible_control.h"
 #include "platform/qt/combo_field.h"
 #include "platform/qt/list_field.h"
 #include "platform/qt/text_field.h"
 
 namespace marrowfen {
-
-namespace {
-
-// The text on the left of a field, or above it, says what it is for: that is what a screen reader tells.
-QString name_of(const Control& field) {
-    QString name;
-    for (Control* control : field.form().controls()) {
-        if (control == &field) break;
-        if (const auto* label = as<Label>(control)) name = QString::fromStdString(label->Caption);
-    }
-    return name;
-}
-
-}  // namespace
 
 Field* new_field(Events& events, Control& control, QWidget& parent) {
     return std::visit(
@@ -47,7 +36,6 @@ FormView::FormView(const Surroundings& surroundings, Form& form, QWidget* parent
     for (Control* control : form.controls()) {
         Field* field = new_field(*surroundings.events, *control, *this);
         if (field == nullptr) continue;
-        field->widget().setAccessibleName(name_of(*control));
         fields_.emplace(control, field);
     }
     lay_out();
@@ -55,7 +43,11 @@ FormView::FormView(const Surroundings& surroundings, Form& form, QWidget* parent
     refresh_fields();
 }
 
+FormView::~FormView() { leave_accessible_tree(); }
+
 QWidget* FormView::widget_for_focus() const {
+    // The message's text box only holds the focus: nothing of it is to be seen or heard.
+    if (form_.focus() == nullptr || part_of(*form_.focus()) == Part::None) return nullptr;
     const auto field = fields_.find(form_.focus());
     if (field == fields_.end()) return nullptr;
     QWidget& widget = field->second->widget();
@@ -81,10 +73,40 @@ void FormView::lay_out() {
 }
 
 void FormView::place(QWidget& field, const Control& control) const {
-    const Rect on_form = control.bounds();
-    const Rect on_screen{form_.Left + on_form.left, form_.Top + on_form.top, on_form.width, on_form.height};
-    const Scale& scale = surroundings_.scale;
-    field.setGeometry(scale.widget(scale.device(on_screen)).translated(-pos()));
+    field.setGeometry(in_window(control).translated(-pos()));
+}
+
+QRect FormView::in_window(const Control& control) const {
+    return surroundings_.scale.widget(surroundings_.scale.device(on_screen(control)));
+}
+
+QRect FormView::on_desk(const Control& control) const {
+    const QRect place = in_window(control);
+    return {parentWidget()->mapToGlobal(place.topLeft()), place.size()};
+}
+
+QAccessibleInterface* FormView::accessible(Control& control) {
+    if (const auto field = fields_.find(&control); field != fields_.end()) {
+        return QAccessible::queryAccessibleInterface(&field->second->widget());
+    }
+    auto known = accessible_.find(&control);
+    if (known == accessible_.end()) {
+        // The toolkit owns what is registered.
+        const auto id = QAccessible::registerAccessibleInterface(new AccessibleControl(*this, control));
+        known = accessible_.emplace(&control, id).first;
+    }
+    return QAccessible::accessibleInterface(known->second);
+}
+
+QList<QAccessibleInterface*> FormView::accessible_parts() {
+    QList<QAccessibleInterface*> parts;
+    for (Control* control : spoken_parts(form_)) parts.append(accessible(*control));
+    return parts;
+}
+
+void FormView::leave_accessible_tree() {
+    for (const auto& [control, id] : accessible_) QAccessible::deleteAccessibleInterface(id);
+    accessible_.clear();
 }
 
 bool FormView::changed(const Rect& part) {
@@ -102,12 +124,15 @@ void FormView::refresh_fields() {
         place(widget, *control);
         widget.setVisible(control->Visible);
         widget.setEnabled(control->Enabled);
+        widget.setAccessibleName(QString::fromStdString(spoken_name(*control)));
         field->refresh();
     }
 }
 
 void FormView::dismiss() {
     for (const auto& [control, field] : fields_) field->forget();
+    is_dismissed_ = true;
+    leave_accessible_tree();
     hide();
     deleteLater();
 }

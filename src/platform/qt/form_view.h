@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QAccessible>
 #include <QWidget>
 #include <unordered_map>
 
@@ -14,9 +15,19 @@ namespace marrowfen {
 class FormView final : public QWidget {
 public:
     FormView(const Surroundings& surroundings, Form& form, QWidget* parent);
+    FormView(const FormView&) = delete;
+    FormView& operator=(const FormView&) = delete;
+    ~FormView() override;
 
-    [[nodiscard]] const Form& form() const { return form_; }
+    [[nodiscard]] Form& form() const { return form_; }  ///< never once it is dismissed
+    [[nodiscard]] bool is_dismissed() const { return is_dismissed_; }
     [[nodiscard]] QWidget* widget_for_focus() const;
+    [[nodiscard]] Events& events() const { return *surroundings_.events; }
+    [[nodiscard]] QRect on_desk(const Control& control) const;  ///< in the desktop's own unit
+
+    // What of it is in the accessible tree.
+    [[nodiscard]] QAccessibleInterface* accessible(Control& control);
+    [[nodiscard]] QList<QAccessibleInterface*> accessible_parts();  ///< in reading order
 
     void lay_out();                  ///< places itself where the form is now, in the scale of now
     void refresh_fields();           ///< if something changed since the last time
@@ -28,15 +39,19 @@ protected:
     bool focusNextPrevChild(bool next) override;
 
 private:
+    void leave_accessible_tree();
     void place(QWidget& field, const Control& control) const;
+    [[nodiscard]] QRect in_window(const Control& control) const;
 
     const Surroundings& surroundings_;
     Form& form_;
     FormPainter painter_;
-    std::unordered_map<Control*, Field*> fields_;  // the widgets are children of this one
-    Scale scale_;                                  // of the last layout
+    std::unordered_map<Control*, Field*> fields_;               // the widgets are children of this one
+    std::unordered_map<Control*, QAccessible::Id> accessible_;  // of what is only painted
+    Scale scale_;                                               // of the last layout
     bool is_laid_out_ = false;
     bool fields_changed_ = false;
+    bool is_dismissed_ = false;
 };
 
 }  // namespace marrowfen

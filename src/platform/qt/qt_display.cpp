@@ -29,7 +29,8 @@ QtDisplay::QtDisplay(const Files& files)
     : surroundings_(files),
       window_(files),
       ring_view_(surroundings_.scale, &window_),
-      drag_view_(surroundings_, &window_) {
+      drag_view_(surroundings_, &window_),
+      accessible_tree_(window_) {
     QApplication::setQuitOnLastWindowClosed(false);
     scale_to(window_.screen()->size());
     catch_up_.setSingleShot(true);
@@ -82,7 +83,9 @@ FormView* QtDisplay::view_of(const Form* form) const {
 
 void QtDisplay::changed(const Form& form, const Rect& part) {
     FormView* view = view_of(&form);
-    if (view != nullptr && (view->changed(part) || desktop_->drag())) rearranged();
+    if (view == nullptr) return;
+    const bool concerns_field = view->changed(part);
+    if (concerns_field || desktop_->drag() || AccessibleTree::has_readers()) rearranged();
 }
 
 void QtDisplay::rearranged() {
@@ -103,6 +106,7 @@ void QtDisplay::sync() {
     ring_view_.stand_round(desktop_->ring().at());
     drag_view_.follow(desktop_->drag());
     show_cursor();
+    accessible_tree_.catch_up(*desktop_, views_);
 }
 
 void QtDisplay::sync_views() {

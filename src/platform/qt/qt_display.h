@@ -8,6 +8,7 @@
 
 #include "platform/files.h"
 #include "platform/forms/display.h"
+#include "platform/qt/accessible_tree.h"
 #include "platform/qt/drag_view.h"
 #include "platform/qt/events.h"
 #include "platform/qt/form_view.h"
@@ -66,6 +67,7 @@ private:
     Window window_;
     RingView ring_view_;
     DragView drag_view_;
+    AccessibleTree accessible_tree_;
     const Desktop* desktop_ = nullptr;
     std::optional<Events> events_;
     std::unique_ptr<Translator> translator_;
