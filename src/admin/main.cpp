@@ -1,6 +1,4 @@
-#include <array>
 #include <cstdio>
-#include <ctime>
 #include <optional>
 #include <system_error>
 
@@ -21,15 +19,6 @@ std::string in_words(const Holdings& holdings) {
         return std::to_string(number) + " " + what + (number == 1 ? "" : "s");
     };
     return counted(holdings.pupils, "pupil") + " and " + counted(holdings.results, "result");
-}
-
-std::string this_moment() {
-    constexpr std::size_t kEnough = 32;
-    std::array<char, kEnough> text{};
-    const std::time_t now = std::time(nullptr);
-    std::tm parts{};
-    localtime_r(&now, &parts);
-    return {text.data(), std::strftime(text.data(), text.size(), "%Y-%m-%d %H.%M.%S", &parts)};
 }
 
 namespace {

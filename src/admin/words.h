@@ -23,7 +23,5 @@ void add_share(CLI::App& line, Admin& admin);
 
 struct Holdings;
 [[nodiscard]] std::string in_words(const Holdings& holdings);  ///< "30 pupils and 1200 results"
-/// The local date and time, fit for the name of a file: "2026-03-09 14.35.10".
-[[nodiscard]] std::string this_moment();
 
 }  // namespace marrowfen

@@ -1,7 +1,10 @@
 #include "copies/copies.h"
 
 #include <algorithm>
+#include <array>
+#include <ctime>
 #include <system_error>
+#include <utility>
 
 #include "platform/sqlite/connection.h"
 #include "platform/sqlite/journal.h"
@@ -21,9 +24,31 @@ namespace fs = std::filesystem;
 constexpr const char* kEnding = ".mdb";
 constexpr std::chrono::seconds kPatience{5};
 
-/// "2026-03-09.mdb". Whatever has another name is nobody's copy of a day, and is never let go.
-std::optional<std::chrono::year_month_day> day_of(const fs::path& file) {
-    return file.extension() == kEnding ? date_in(file.stem().string()) : std::nullopt;
+constexpr std::string_view kBefore = "before ";
+constexpr std::string_view kSalvaged = "salvaged ";
+
+/// Whatever has another name was put there by somebody, and is theirs.
+std::optional<Copy> as_copy(const fs::path& file) {
+    if (file.extension() != kEnding) return std::nullopt;
+    const std::string stem = file.stem().string();
+    std::string_view name = stem;
+    Copy copy{.file = file};
+    for (const auto& [prefix, kind] : {std::pair{kBefore, Copy::Kind::SetAside}, {kSalvaged, Copy::Kind::Salvaged}}) {
+        if (!name.starts_with(prefix)) continue;
+        name.remove_prefix(prefix.size());
+        copy.kind = kind;
+    }
+    const auto blank = name.find(' ');
+    const auto date = date_in(name.substr(0, blank));
+    if (!date) return std::nullopt;
+    copy.date = *date;
+    if (blank == std::string_view::npos) return copy.kind == Copy::Kind::OfTheDay ? std::optional(copy) : std::nullopt;
+    std::string time(name.substr(blank + 1));
+    std::ranges::replace(time, '.', ':');
+    copy.time = time_in(time);
+    if (!copy.time) return std::nullopt;
+    if (copy.kind == Copy::Kind::OfTheDay) copy.kind = Copy::Kind::ByHand;
+    return copy;
 }
 
 StoreFailure failed(const std::string& what, const std::error_code& error) {
@@ -112,15 +137,17 @@ std::vector<Copy> Copies::list() const {
     std::vector<Copy> copies;
     std::error_code error;
     for (fs::directory_iterator entry(folder_, error), end; !error && entry != end; entry.increment(error)) {
-        if (const auto date = day_of(entry->path())) copies.push_back({entry->path(), *date});
+        if (auto copy = as_copy(entry->path())) copies.push_back(std::move(*copy));
     }
-    std::ranges::sort(copies, std::ranges::greater{}, &Copy::date);
+    std::ranges::sort(copies, std::ranges::greater{}, [](const Copy& copy) { return std::pair(copy.date, copy.time); });
     return copies;
 }
 
 std::optional<Copy> Copies::newest_good() const {
     const auto copies = list();
-    const auto good = std::ranges::find_if(copies, [](const Copy& copy) { return !check_copy(copy.file); });
+    const auto good = std::ranges::find_if(copies, [](const Copy& copy) {
+        return (copy.kind == Copy::Kind::OfTheDay || copy.kind == Copy::Kind::ByHand) && !check_copy(copy.file);
+    });
     return good == copies.end() ? std::nullopt : std::optional(*good);
 }
 
@@ -141,6 +168,26 @@ std::optional<StoreFailure> Copies::keep(std::chrono::year_month_day today, cons
     if (auto failure = make_folder()) return failure;
     const SoleRight right(folder_ / ".in-the-making");
     if (!right.held() || fs::exists(file, error)) return std::nullopt;
+    if (auto failure = copy_as(file, stop)) return failure;
+    let_the_oldest_go();
+    return std::nullopt;
+}
+
+Result<Copy> Copies::make(const std::string& moment, const std::stop_token& stop) const {
+    const fs::path file = folder_ / (moment + kEnding);
+    const auto copy = as_copy(file);
+    std::error_code error;
+    if (!copy || fs::exists(file, error)) return StoreFailure{"there is a copy " + moment + " already"};
+    if (auto failure = make_folder()) return *failure;
+    const SoleRight right(folder_ / ".in-the-making");
+    if (!right.held()) return StoreFailure{"another computer is making a copy just now", Trouble::Busy};
+    if (auto failure = copy_as(file, stop)) return *failure;
+    return *copy;
+}
+
+/// For whoever holds the right to make copies.
+std::optional<StoreFailure> Copies::copy_as(const fs::path& file, const std::stop_token& stop) const {
+    std::error_code error;
     const auto size = fs::file_size(store_, error);
     if (error) return failed("the store can't be read", error);
     if (auto failure = check_room(folder_, size)) return failure;
@@ -150,12 +197,12 @@ std::optional<StoreFailure> Copies::keep(std::chrono::year_month_day today, cons
     if (error) return failed("the copy can't be named", error);
     error = make_last(folder_);
     if (error) return failed("the copy can't be finished", error);
-    let_the_oldest_go();
     return std::nullopt;
 }
 
 void Copies::let_the_oldest_go() const {
-    const auto copies = list();
+    auto copies = list();
+    std::erase_if(copies, [](const Copy& copy) { return copy.kind != Copy::Kind::OfTheDay; });
     std::error_code ignored;  // tomorrow it is tried again
     for (std::size_t i = kKept; i < copies.size(); ++i) fs::remove(copies[i].file, ignored);
 }
@@ -163,10 +210,10 @@ void Copies::let_the_oldest_go() const {
 // What was there gets a second name, and its journal goes with it, before the name of the store changes hands. A crash
 // on the way leaves the store without its journal, which can be replaced again, never a new store with a journal that
 // spoils it. Whoever still has the old file open is told that it was moved.
-Result<fs::path> Copies::put_back(const fs::path& copy, const std::string& moment) const {
+Result<fs::path> Copies::put_back(const fs::path& copy, const std::string& moment, const std::stop_token& stop) const {
     if (auto failure = make_folder()) return *failure;
     const fs::path next = fs::path(store_) += ".new";
-    if (auto failure = make_copy(copy, next, {})) return *failure;
+    if (auto failure = make_copy(copy, next, stop)) return *failure;
     auto failure = bring_up_to_date(next);
     fs::path before;
     std::error_code error;
@@ -175,7 +222,7 @@ Result<fs::path> Copies::put_back(const fs::path& copy, const std::string& momen
         fs::permissions(next, fs::status(store_).permissions(), error);
         old.emplace(store_, Connection::Mode::Existing, kPatience);
         failure = keep_out_others(*old, store_);
-        before = folder_ / ("before " + moment + kEnding);
+        before = folder_ / (std::string(kBefore) + moment + kEnding);
         if (!failure) failure = set_aside(store_, before);
     }
     if (failure) {
@@ -203,12 +250,26 @@ std::optional<StoreFailure> DailyCopy::take_failure() {
     return std::exchange(failure_, std::nullopt);
 }
 
+std::string this_moment() {
+    constexpr std::size_t kEnough = 32;
+    std::array<char, kEnough> text{};
+    const std::time_t now = std::time(nullptr);
+    std::tm parts{};
+    localtime_r(&now, &parts);
+    return {text.data(), std::strftime(text.data(), text.size(), "%Y-%m-%d %H.%M.%S", &parts)};
+}
+
 Result<Holdings> holdings_of(const fs::path& store) {
     Connection connection(store, Connection::Mode::ReadOnly, kPatience);
     if (const auto& failure = connection.open_failure()) return *failure;
     Statement count(connection, "SELECT (SELECT count(*) FROM Pupils), (SELECT count(*) FROM Hall_of_Fame)");
     if (count.step() != Statement::Step::Row) return count.failure();
     return Holdings{count.whole(0), count.whole(1)};
+}
+
+Result<Holdings> good_holdings_of(const fs::path& copy) {
+    if (auto failure = check_copy(copy)) return *failure;
+    return holdings_of(copy);
 }
 
 }  // namespace marrowfen

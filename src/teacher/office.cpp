@@ -1,14 +1,17 @@
 #include "teacher/office.h"
 
+#include <QEventLoop>
 #include <QMessageBox>
 #include <QProgressDialog>
 #include <QScopedValueRollback>
+#include <thread>
 
 namespace marrowfen {
 
 namespace {
 
 constexpr std::chrono::seconds kBetweenTwoLooks{5};
+constexpr int kBeforeShown = 500;  // milliseconds: what takes no longer needs no window
 
 QString reason(const StoreFailure& failure) { return shown(failure.reason); }
 
@@ -86,12 +89,41 @@ Progress Office::watch(QWidget* parent, const QString& title) {
     dialog->setWindowModality(Qt::ApplicationModal);
     constexpr int kParts = 1000;
     dialog->setRange(0, kParts);
-    dialog->setMinimumDuration(500);
+    dialog->setMinimumDuration(kBeforeShown);
     return [dialog](std::int64_t done, std::int64_t of) {
         // This also lets the person's press on the button in.
         dialog->setValue(static_cast<int>(std::min(done, of) * (kParts - 1) / std::max<std::int64_t>(of, 1)));
         return !dialog->wasCanceled();
     };
+}
+
+Copies Office::copies() const {
+    const auto store = files_.find(files_.program_folder() + "\\data.mdb");
+    return Copies(store ? *store : folder_ / "data.mdb");
+}
+
+bool Office::put_back(QWidget* parent, const Copy& copy) {
+    std::optional<Result<std::filesystem::path>> before;
+    wait_for(parent, tr("Putting the copy back"),
+             [&](const std::stop_token& stop) { before = copies().put_back(copy.file, this_moment(), stop); });
+    const auto* failure = before->failure();
+    if (failure) tell(parent, tr("Nothing was changed: %1.").arg(reason(*failure)));
+    return failure == nullptr;
+}
+
+void Office::wait_for(QWidget* parent, const QString& title, const std::function<void(const std::stop_token&)>& work) {
+    const QScopedValueRollback busy(busy_, true);
+    QProgressDialog dialog(title, tr("Stop"), 0, 0, parent);
+    dialog.setWindowTitle(QStringLiteral("Marrowfen"));
+    dialog.setWindowModality(Qt::ApplicationModal);
+    dialog.setMinimumDuration(kBeforeShown);
+    QEventLoop until_over;
+    std::jthread thread([&](const std::stop_token& stop) {
+        work(stop);
+        QMetaObject::invokeMethod(&until_over, &QEventLoop::quit, Qt::QueuedConnection);
+    });
+    connect(&dialog, &QProgressDialog::canceled, &dialog, [&thread] { thread.request_stop(); });
+    until_over.exec();
 }
 
 void Office::tell(QWidget* parent, const QString& sentence) {

@@ -8,6 +8,7 @@
 #include <memory>
 #include <optional>
 
+#include "copies/copies.h"
 #include "platform/sqlite/sqlite_store.h"
 #include "platform/system/disk_files.h"
 #include "school/book.h"
@@ -33,6 +34,9 @@ public:
     [[nodiscard]] Book& book() { return *book_; }
     [[nodiscard]] WordSets& words() { return *words_; }
     [[nodiscard]] const DiskFiles& files() const { return files_; }
+    [[nodiscard]] Copies copies() const;  ///< of the store, which need not be open
+    /// What went wrong has been told when this answers false. Otherwise the store wants to be opened anew.
+    bool put_back(QWidget* parent, const Copy& copy);
 
     using Work = std::function<std::optional<StoreFailure>(Desk& desk, const Progress& progress)>;
     /// Does one step, with a window that can stop it where it takes long. What went wrong has been told when this
@@ -44,6 +48,8 @@ public:
 
     /// Watches work that takes long. The window goes when the work's answer lets this go.
     [[nodiscard]] static Progress watch(QWidget* parent, const QString& title);
+    /// Does what can't tell how far it is on a thread of its own, until it is over. The window can ask it to stop.
+    void wait_for(QWidget* parent, const QString& title, const std::function<void(const std::stop_token&)>& work);
     /// Tells that something did not work, and waits until it was read.
     static void tell(QWidget* parent, const QString& sentence);
 

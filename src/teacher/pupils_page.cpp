@@ -30,7 +30,7 @@ PupilsPage::PupilsPage(Office& office, QWidget* parent)
       count_(new QLabel(this)) {
     search_->setClearButtonEnabled(true);
     search_->setPlaceholderText(tr("part of a name"));
-    auto* find = new QLabel(tr("&Find:"), this);
+    auto* find = new QLabel(tr("Fin&d:"), this);
     find->setBuddy(search_);
     constexpr int kLongestName = 50;
     new_name_->setMaxLength(2 * kLongestName);  // blanks at its ends do not count

@@ -14,6 +14,7 @@
 #include "core/teams.h"
 #include "school/export.h"
 #include "teacher/choices.h"
+#include "teacher/dates.h"
 #include "teacher/tables.h"
 
 namespace marrowfen {
@@ -21,12 +22,6 @@ namespace marrowfen {
 namespace {
 
 enum Span : std::uint8_t { kAllDates, kToday, kWeek, kThisYear, kLastYear, kFromTo };
-
-/// British schools begin in September.
-QDate school_year_of(QDate day) {
-    constexpr int kSeptember = 9;
-    return {day.month() >= kSeptember ? day.year() : day.year() - 1, kSeptember, 1};
-}
 
 }  // namespace
 
@@ -42,13 +37,13 @@ ResultsPage::ResultsPage(Office& office, QWidget* parent)
       to_(new QDateEdit(QDate::currentDate(), this)),
       table_(new QTableView(this)),
       count_(new QLabel(this)),
-      clear_(new QPushButton(tr("C&lear these…"), this)) {
+      clear_(new QPushButton(tr("Clear t&hese…"), this)) {
     let_type(*pupil_);
     team_->addItem(tr("All teams"));
     for (const Team& team : kTeams) team_->addItem(shown(std::string(team.name)), team.time_limit);
     team_->addItem(tr("Typing tests"), 0);
     span_->addItems({tr("All dates"), tr("Today"), tr("Last 7 days"), tr("This school year"), tr("Last school year"),
-                     tr("From … to")});
+                     tr("From … until")});
     auto* fields = new QGridLayout;
     int column = 0;
     const auto add = [&](const QString& title, QWidget* field, int stretch) {
@@ -62,8 +57,8 @@ ResultsPage::ResultsPage(Office& office, QWidget* parent)
     add(tr("&Game"), game_, 2);
     add(tr("&Team"), team_, 1);
     add(tr("&Dates"), span_, 1);
-    add(tr("F&rom"), from_, 0);
-    add(tr("T&o"), to_, 0);
+    add(tr("Fro&m"), from_, 0);
+    add(tr("U&ntil"), to_, 0);
     for (QComboBox* box : {pupil_, game_}) {
         box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
         box->setMinimumContentsLength(14);
@@ -78,7 +73,7 @@ ResultsPage::ResultsPage(Office& office, QWidget* parent)
     table_->setSelectionMode(QAbstractItemView::SingleSelection);
     table_->sortByColumn(0, Qt::DescendingOrder);
 
-    auto* save = new QPushButton(tr("&Save as CSV…"), this);
+    auto* save = new QPushButton(tr("Save as CS&V…"), this);
     auto* below = new QHBoxLayout;
     below->addWidget(count_, 1);
     below->addWidget(save);

@@ -4,11 +4,13 @@
 #include <QLabel>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QStatusBar>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
 #include "teacher/class_page.h"
+#include "teacher/copies_page.h"
 #include "teacher/pupil_page.h"
 #include "teacher/pupils_page.h"
 #include "teacher/results_page.h"
@@ -31,10 +33,15 @@ TeacherWindow::TeacherWindow(const std::filesystem::path& program_folder)
     trouble_->hide();
     pages_->setAccessibleName(tr("Pages"));
     pages_->addTab(pupils_, tr("P&upils"));
-    pages_->addTab(results_, tr("R&esults"));
+    pages_->addTab(results_, tr("&Results"));
     pages_->addTab(new PupilPage(office_, pages_), tr("&One pupil"));
     pages_->addTab(new ClassPage(office_, pages_), tr("Whole c&lass"));
     pages_->addTab(words_, tr("Word&s"));
+    auto* copies = new CopiesPage(office_, pages_);
+    pages_->addTab(copies, tr("Cop&ies"));
+    connect(copies, &CopiesPage::about_to_put_back, words_,
+            [this](bool& may_go_on) { may_go_on = may_go_on && words_->may_leave(); });
+    connect(copies, &CopiesPage::was_put_back, words_, &WordsPage::open);
     auto* middle = new QWidget(this);
     auto* rows = new QVBoxLayout(middle);
     rows->addWidget(trouble_);
@@ -67,6 +74,14 @@ void TeacherWindow::make_menus() {
     show_undo();
 }
 
+namespace {
+
+bool a_copy_helps(Trouble trouble) {
+    return trouble == Trouble::Missing || trouble == Trouble::Damaged || trouble == Trouble::Foreign;
+}
+
+}  // namespace
+
 bool TeacherWindow::open() {
     for (;;) {
         const auto failure = office_.open(this);
@@ -78,7 +93,16 @@ bool TeacherWindow::open() {
         message.setInformativeText(tr("They lie in the file data.mdb in the folder\n%1\nNothing was changed. Try again "
                                       "in a moment, or ask whoever looks after the computers.")
                                        .arg(shown(office_.files().program_folder()).replace('\\', '/')));
-        if (message.exec() != QMessageBox::Retry) return false;
+        const auto copy = a_copy_helps(failure->trouble) ? office_.copies().newest_good() : std::nullopt;
+        auto* put_back =
+            copy ? message.addButton(tr("&Put back the copy of %1").arg(when_text(*copy)), QMessageBox::ActionRole)
+                 : nullptr;
+        const int answer = message.exec();
+        if (put_back && message.clickedButton() == put_back) {
+            office_.put_back(this, *copy);
+        } else if (answer != QMessageBox::Retry) {
+            return false;
+        }
     }
     words_->open();
     statusBar()->showMessage(tr("Pupils may go on playing while this window is open."));

@@ -66,12 +66,12 @@ WordsPage::WordsPage(Office& office, QWidget* parent)
       maker_(new QLabel(this)),
       state_(new QLabel(this)),
       add_(new QPushButton(tr("Ne&w line"), this)),
-      remove_(new QPushButton(tr("Re&move lines"), this)),
+      remove_(new QPushButton(tr("Remo&ve lines"), this)),
       keep_(new QPushButton(tr("&Keep"), this)),
       discard_(new QPushButton(tr("&Discard changes"), this)),
       go_back_(new QPushButton(tr("&Back to what came with Marrowfen…"), this)) {
     for (const SetKind& each : set_kinds()) kinds_->addItem(shown(each.title));
-    auto* which = new QLabel(tr("&Set:"), this);
+    auto* which = new QLabel(tr("Se&t:"), this);
     which->setBuddy(kinds_);
     table_->setModel(words_);
     set_up(*table_, tr("Set"));
@@ -81,8 +81,8 @@ WordsPage::WordsPage(Office& office, QWidget* parent)
     table_->setEditTriggers(QAbstractItemView::AllEditTriggers);
     table_->setItemDelegate(new TypingDelegate(table_));
     state_->setWordWrap(true);
-    auto* to_file = new QPushButton(tr("To a &file…"), this);
-    auto* from_file = new QPushButton(tr("F&rom a file…"), this);
+    auto* to_file = new QPushButton(tr("To &a file…"), this);
+    auto* from_file = new QPushButton(tr("Fro&m a file…"), this);
 
     auto* above = new QHBoxLayout;
     above->addWidget(which);

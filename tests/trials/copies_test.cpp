@@ -7,6 +7,7 @@
 #include <thread>
 
 #include "copies/advice.h"
+#include "copies/comparison.h"
 #include "copies/copies.h"
 #include "platform/headless/scripted.h"
 #include "platform/sqlite/journal.h"
@@ -170,6 +171,43 @@ TEST_F(CopiesOf, AStoreThatOthersHaveOpenTellThemSo) {
     save(43);
     EXPECT_EQ(results(), (std::vector<std::string>{"40", "43"}));
     EXPECT_EQ(OtherProgram(file_).run("BEGIN EXCLUSIVE"), "");
+}
+
+TEST_F(CopiesOf, AStoreAreMadeByHandAndTellWhatTheyWouldChange) {
+    const auto pupil = add_pupil(*store_, "Zoë");
+    save(40);
+    const auto made = copies_.make("2026-03-09 14.35.10", {});
+    ASSERT_FALSE(made.failure()) << made.failure()->reason;
+    const auto again = copies_.make("2026-03-09 14.35.10", {});
+    EXPECT_TRUE(again.failure()) << "it is there already";
+    EXPECT_TRUE(compare(file_, made.value().file).value().nothing());
+    EXPECT_FALSE(copies_.keep(kToday, {}));
+
+    OtherProgram other(file_);
+    other.run("DELETE FROM Hall_of_Fame; DELETE FROM Pupils WHERE PupilName = 'Zoë'");
+    add_pupil(*store_, "Ben");
+    save(41);
+    save(42);
+    using Lines = std::vector<std::string>;
+    EXPECT_EQ(compare(file_, made.value().file).value().lines(),
+              (Lines{"1 pupil would go: Ben", "1 pupil would come back: Zoë", "2 results would go",
+                     "1 result would come back"}));
+    other.run("DELETE FROM words_keystage1 WHERE rowid = 1");
+    EXPECT_TRUE(compare(file_, made.value().file).value().other_words);
+
+    const auto put_back = copies_.put_back(made.value().file, "2026-03-09 15.00.00");
+    ASSERT_FALSE(put_back.failure());
+    EXPECT_TRUE(compare(file_, made.value().file).value().nothing());
+    for (int i = 1; i <= 12; ++i) EXPECT_FALSE(copies_.keep(std::chrono::sys_days(kToday) + std::chrono::days(i), {}));
+    const auto names = in_the_folder();
+    EXPECT_EQ(names.size(), Copies::kKept + 2) << "what somebody made is never let go";
+    EXPECT_EQ(names.front(), "2026-03-09 14.35.10.mdb");
+    EXPECT_EQ(names.back(), "before 2026-03-09 15.00.00.mdb");
+    EXPECT_EQ(copies_.list().back().kind, Copy::Kind::ByHand);
+
+    write_bytes(made.value().file, "spoilt");
+    const auto spoilt = compare(file_, made.value().file);
+    EXPECT_TRUE(spoilt.failure());
 }
 
 TEST_F(CopiesOf, AStoreAreNamedWhereTheyHelpAtTheStart) {
