@@ -51,6 +51,9 @@ struct KeyEvent {
 /// control sees it.
 struct KeyPress {
     char32_t code = 0;
+    /// The digit that a keyboard of another country has on this key: some write letters and signs there, and digits
+    /// only with Shift. 0: it is no such key, or Shift is held.
+    char32_t digit = 0;
     [[nodiscard]] bool swallowed() const { return code == 0; }
     void swallow() { code = 0; }
 };
@@ -96,7 +99,7 @@ struct KeyDown {
     bool command = false;    ///< the key of the window system
     bool repeats = false;    ///< it has been down for a while
     char32_t character = 0;  ///< 0: it stands for none
-    std::uint32_t code = 0;  ///< tells one key of the keyboard from another; 0: not known
+    std::uint32_t code = 0;  ///< tells one key of the keyboard from another, as X11 numbers them; 0: not known
 };
 struct KeyUp {
     Key key = Key::Other;
