@@ -74,7 +74,7 @@ std::string take_last_letter(std::string& text) {
     const auto goes_on = [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; };
     std::size_t begin = text.size() - 1;
     while (begin > 0 && goes_on(text[begin])) --begin;
-    const std::string last = text.substr(begin);
+    std::string last = text.substr(begin);
     text.resize(begin);
     return last;
 }
