@@ -90,6 +90,7 @@ private:
             good_ = good_ && list != nullptr;
             return ListDrop{list, kind == "drop"};
         }
+        if (kind == "focus") return FocusRequest{control()};
         if (kind == "tick") return tick();
         if (kind == "screen") {
             const Point size = point();
@@ -259,6 +260,7 @@ std::string to_text(const InputEvent::What& what, const FormSet& forms) {
                 return "row" + thing(*choice.list, forms) + " " + std::to_string(choice.row);
             },
             [&](const ListDrop& drop) { return (drop.open ? "drop" : "undrop") + thing(*drop.list, forms); },
+            [&](const FocusRequest& request) { return "focus" + thing(*request.control, forms); },
             [&](const Tick& tick) { return "tick" + thing(*tick.timer, forms); },
             [](const ScreenSize& size) {
                 return "screen" + place({size.screen.width, size.screen.height});

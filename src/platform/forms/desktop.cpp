@@ -203,6 +203,11 @@ Taker Desktop::take(const ListDrop& drop) {
     return Taker::Forms;
 }
 
+Taker Desktop::take(const FocusRequest& request) {
+    if (is_loaded(request.control->form()) && ring_.is_stop(*request.control)) ring_.go_to(*request.control);
+    return Taker::Forms;
+}
+
 Taker Desktop::take(const Tick& tick) {
     if (tick.timer->enabled()) tick.timer->tick();
     return Taker::Forms;

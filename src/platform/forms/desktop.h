@@ -78,6 +78,7 @@ private:
     Taker take(const TextEdit& edit);
     Taker take(const RowChoice& choice);
     Taker take(const ListDrop& drop);
+    Taker take(const FocusRequest& request);
     Taker take(const Tick& tick);
     Taker take(const ScreenSize& size);
     Taker take(const CloseRequest& request);

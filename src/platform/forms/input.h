@@ -122,6 +122,10 @@ struct ListDrop {
     ComboBox* list = nullptr;
     bool open = false;
 };
+/// A screen reader or a switch wants the ring to stand there.
+struct FocusRequest {
+    Control* control = nullptr;
+};
 struct Tick {
     Timer* timer = nullptr;
 };
@@ -133,7 +137,7 @@ struct CloseRequest {};
 
 struct InputEvent {
     using What = std::variant<MousePress, MouseMove, MouseRelease, WheelTurn, KeyDown, KeyUp, TextEdit, RowChoice,
-                              ListDrop, Tick, ScreenSize, CloseRequest>;
+                              ListDrop, FocusRequest, Tick, ScreenSize, CloseRequest>;
     std::chrono::milliseconds time{};  ///< since any one moment; it never runs back
     What what;
 };

@@ -20,8 +20,64 @@ struct Row {
 };
 constexpr std::array<Row, 3> kRows{{{"qwertyuiop", 0}, {"asdfghjkl'", kStep / 4}, {"zxcvbnm-", kStep * 3 / 4}}};
 constexpr std::string_view kTakeBack = "←";
+constexpr std::string_view kAccent = "é";
 constexpr Size kWhole{kKeysInARow * kStep + kGap + kStep / 4,
                       (static_cast<Twips>(kRows.size()) + 1) * (kKey.height + kGap) + kGap};
+
+// The accents of a letter as they follow on each other, and round again; a blank after each.
+constexpr std::array<std::string_view, 32> kAccents{"a á à â ä ã å ą ",
+                                                    "A Á À Â Ä Ã Å Ą ",
+                                                    "c ç ć č ",
+                                                    "C Ç Ć Č ",
+                                                    "d ď đ ",
+                                                    "D Ď Đ ",
+                                                    "e é è ê ë ę ě ",
+                                                    "E É È Ê Ë Ę Ě ",
+                                                    "g ğ ",
+                                                    "G Ğ ",
+                                                    "i í ì î ï ",
+                                                    "I Í Ì Î Ï ",
+                                                    "l ł ",
+                                                    "L Ł ",
+                                                    "n ñ ń ň ",
+                                                    "N Ñ Ń Ň ",
+                                                    "o ó ò ô ö õ ø ő ",
+                                                    "O Ó Ò Ô Ö Õ Ø Ő ",
+                                                    "r ř ",
+                                                    "R Ř ",
+                                                    "s ś š ş ",
+                                                    "S Ś Š Ş ",
+                                                    "t ť ţ ",
+                                                    "T Ť Ţ ",
+                                                    "u ú ù û ü ů ű ",
+                                                    "U Ú Ù Û Ü Ů Ű ",
+                                                    "w ŵ ",
+                                                    "W Ŵ ",
+                                                    "y ý ŷ ÿ ",
+                                                    "Y Ý Ŷ Ÿ ",
+                                                    "z ź ż ž ",
+                                                    "Z Ź Ż Ž "};
+
+std::string with_next_accent(const std::string& letter) {
+    for (const std::string_view accents : kAccents) {
+        const auto found = accents.find(letter + " ");
+        if (found == std::string_view::npos) continue;
+        const auto next = (found + letter.size() + 1) % accents.size();
+        return std::string(accents.substr(next, accents.find(' ', next) - next));
+    }
+    return letter;
+}
+
+/// Empty when there is none.
+std::string take_last_letter(std::string& text) {
+    if (text.empty()) return {};
+    const auto goes_on = [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; };
+    std::size_t begin = text.size() - 1;
+    while (begin > 0 && goes_on(text[begin])) --begin;
+    std::string last = text.substr(begin);
+    text.resize(begin);
+    return last;
+}
 
 char in_capitals(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
 char in_small(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
@@ -45,6 +101,7 @@ Letters::Letters(Desktop& desktop, TextBox& box)
         }
         top += kKey.height + kGap;
     }
+    add(kAccent, {kGap + kRows.back().indent + 8 * kStep, top - kKey.height - kGap}, kKey.width);
     add(" ", {kGap + 2 * kStep, top}, 5 * kStep - kGap);
     add(kTakeBack, {kGap + 8 * kStep, top}, 2 * kStep - kGap);
     show_case();
@@ -55,11 +112,14 @@ void Letters::add(std::string_view character, Point at, Twips width) {
                            Align::Middle, kWhite);
     if (character == kTakeBack) {
         key.Spoken = "Take back";
-        key.on_mouse_down = [this] { take_back(); };
-        return;
+        key.on_mouse_down = [this] { change_last([](const std::string&) { return std::string{}; }); };
+    } else if (character == kAccent) {
+        key.Spoken = "Next accent";
+        key.on_mouse_down = [this] { change_last(with_next_accent); };
+    } else {
+        if (character == " ") key.Spoken = "Space";
+        key.on_mouse_down = [this, &key] { write(key.Caption.get()); };
     }
-    if (character == " ") key.Spoken = "Space";
-    key.on_mouse_down = [this, &key] { write(key.Caption.get()); };
 }
 
 bool Letters::begins_a_name() const {
@@ -88,11 +148,10 @@ void Letters::write(std::string_view character) {
     show_case();
 }
 
-void Letters::take_back() {
+void Letters::change_last(const std::function<std::string(const std::string&)>& change) {
     std::string text = box_.Text;
-    while (!text.empty() && (static_cast<unsigned char>(text.back()) & 0xC0U) == 0x80U) text.pop_back();
-    if (!text.empty()) text.pop_back();
-    box_.edit(text);
+    const std::string last = take_last_letter(text);
+    if (!last.empty()) box_.edit(text + change(last));
     show_case();
 }
 
