@@ -141,6 +141,24 @@ TEST_F(Forms, ATileIsDraggedOverKeysAndDroppedOnOne) {
     EXPECT_EQ(stack(), cover.name);
 }
 
+TEST_F(Forms, AHandThatShakesOrCantHoldAButtonDropsATileAllTheSame) {
+    Toy& a = open("a", {}, {.size = {600, 300}, .placement = Placement::Own});
+    const Twips below = a.key.bounds().bottom() - 1;
+    for (const Twips missed_by : {Mouse::kNearMiss, Mouse::kNearMiss + 1}) {
+        press(a.tile);
+        display.release({on_screen(a.key).x, below + missed_by});
+        EXPECT_EQ(said(), missed_by > Mouse::kNearMiss ? Log{} : Log{"a drop of T"}) << missed_by;
+    }
+    click(a.tile);
+    move(a.key), (void)said();
+    click(a.key);
+    EXPECT_EQ(said(), Log{"a drop of T"}) << "pressed, then pressed, with no button held between";
+    click(a.tile);
+    click(a.picture);
+    EXPECT_FALSE(desktop.drag());
+    EXPECT_EQ(said_last(1), Log{"a picture clicked"}) << "whoever thinks better of it puts the tile back";
+}
+
 TEST_F(Forms, WhatThePointerHoldsOrIsOverMayGo) {
     Toy* a = &open("a");
     const Toy& b = open("b", {0, 500});

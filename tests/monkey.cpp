@@ -260,7 +260,11 @@ void Monkey::presses_anything(Point at) {
         if (!list->entries().empty()) row = once_in(9) ? MousePress::kBelowTheRows : index_in(list->entries());
     }
     const auto button = once_in(6) ? MouseButton::Right : MouseButton::Left;
-    room_.display.press(at, row, button);
+    if (!row && button == MouseButton::Left && once_in(3)) {
+        room_.display.touch(at);
+    } else {
+        room_.display.press(at, row, button);
+    }
     if (once_in(8)) room_.display.press(somewhere(), {}, once_in(2) ? MouseButton::Right : MouseButton::Middle);
     if (once_in(10)) return;  // its release gets lost
     room_.display.release(once_in(5) ? somewhere() : at, button);

@@ -65,6 +65,30 @@ TEST(PupilList, TakesAnyNameThatAPupilCanHave) {
     EXPECT_EQ(room.form<frmSelectGame>().cmbPupils.entries().size(), kUnusualNames.size() + 1);
 }
 
+TEST(NewPupil, WhoHasOnlyAFingerWritesTheNameOnTheScreen) {
+    Classroom room;
+    Pupil zoe(room);
+    room.start();
+    const auto touches = [&](const Control& control) {
+        zoe.thinks();
+        room.display.touch(centre_on_screen(control));
+        room.display.release(centre_on_screen(control));
+    };
+    touches(room.form<frmSelectGame>().NewPlay_De);
+    for (const char* letter : {"Z", "o", "e", "é", "é", "é", "é"}) {
+        const Form& letters = *room.desktop.visible_forms().back();
+        const auto key = std::ranges::find_if(letters.controls(), [&](Control* control) {
+            return as<Label>(control) != nullptr && as<Label>(control)->Caption == letter;
+        });
+        ASSERT_NE(key, letters.controls().end()) << letter;
+        touches(**key);
+    }
+    touches(room.form<frmNewPupil>().NextDe);
+    EXPECT_EQ(room.look_up("Pupils", "PupilName", "Pupil_ID=" + std::to_string(room.state().PupilID)), "Zoë");
+    EXPECT_EQ(room.open_forms().back(), FormId::frmGames) << "and the letters have gone";
+    EXPECT_EQ(room.desktop.visible_forms().back(), &room.form<frmGames>());
+}
+
 TEST(NewPupil, IsRefusedWithoutANameOrWithOneThatIsTaken) {
     struct Case {
         std::string typed, says;

@@ -61,6 +61,61 @@ TEST_F(QtAdapterTest, PicturesStandWhereTheyBelongOnEveryScreen) {
     }
 }
 
+struct Times final : InputSink {
+    std::vector<std::chrono::milliseconds> times;
+    Taker handle(const InputEvent& event) override { return times.push_back(event.time), Taker::Nobody; }
+};
+
+TEST_F(QtAdapterTest, AKeyThatAScreenReaderHandsOnWithoutATimeIsOfNow) {
+    Times sink;
+    Events events(sink);
+    const std::chrono::hours since_the_computer_started{300};
+    for (const auto stamp : {0L, std::chrono::milliseconds(since_the_computer_started).count(), 0L}) {
+        QKeyEvent key(QEvent::KeyPress, Qt::Key_Return, {});
+        key.setTimestamp(static_cast<quint64>(stamp));
+        events.tell(KeyDown{.key = Key::Enter}, key);
+    }
+    EXPECT_LT(sink.times.back(), since_the_computer_started);
+}
+
+TEST_F(QtAdapterTest, AFingerBringsLettersToWriteWithAndAMouseTakesThemAway) {
+    const std::unique_ptr<QPointingDevice> finger(QTest::createTouchDevice());
+    const auto taps = [&](QPoint place) {
+        QTest::touchEvent(&window(), finger.get()).press(0, place, &window());
+        QTest::touchEvent(&window(), finger.get()).release(0, place, &window());
+        settle();
+    };
+    auto& form = shows<Holding<TextBox>>(Size{3000, 450}, TextBox::Mode::Editable, TextBox::Style{.font = comic(15)});
+    const auto letter = [&](const std::string& caption) {
+        const Form& letters = *desktop_.visible_forms().back();
+        const auto key = std::ranges::find_if(letters.controls(), [&](Control* c) {
+            return as<Label>(c) != nullptr && as<Label>(c)->Caption == caption;
+        });
+        if (key == letters.controls().end()) throw std::logic_error("there is no " + caption);
+        const Point centre = (*key)->bounds().centre();
+        return at(letters, centre.x / kTwipsPerPixel, centre.y / kTwipsPerPixel);
+    };
+    (void)words();
+    taps(at(form, 150, 110));
+    EXPECT_TRUE(std::ranges::any_of(words(), [](const auto& told) { return told.ends_with(" touch"); }));
+    for (const char* next : {"Z", "o", "←", "o", "e", "é", "é", "é", "é", "-", "A"}) taps(letter(next));
+    EXPECT_EQ(form.control.Text, "Zoë-A");
+    EXPECT_EQ(field<QLineEdit>().text(), "Zoë-A");
+    for (const char* next : {"é", "←", "L", "é", "é", "é"}) taps(letter(next));
+    EXPECT_EQ(form.control.Text, "Zoë-Ł") << "round again";
+    EXPECT_EQ(desktop_.active(), &form);
+    click(form, 150, 110);
+    settle();
+    EXPECT_EQ(desktop_.visible_forms().size(), 1U);
+    taps(at(form, 150, 110));
+    type("b");
+    EXPECT_EQ(form.control.Text, "Zoë-Łb");
+    EXPECT_EQ(desktop_.visible_forms().size(), 1U) << "there is a keyboard";
+    taps(at(form, 150, 110));
+    desktop_.unload(form);
+    EXPECT_TRUE(desktop_.visible_forms().empty()) << "the program would not end";
+}
+
 struct Watch : Toy {
     using Toy::Toy;
     Dial dial{*this, {3000, 3000}, 1500};

@@ -50,6 +50,20 @@ TEST_F(TileGame, TypingServesTheFirstTileInEitherCase) {
     EXPECT_EQ(room.heard_and_forgotten(), (Cues{phonic("C"), phonic("0")}));
 }
 
+TEST_F(TileGame, AKeyOfTheRowOfDigitsIsItsDigitOnAKeyboardThatWritesSomethingElseThere) {
+    room.random.script_draw(27, 35);  // 2
+    room.random.script_draw(24, 36);  // Y
+    begins(kOneTile);
+    const auto strikes = [&](const KeyDown& key) { room.display.strike(key, room.desktop); };
+    strikes({.character = U'é', .code = 26});
+    strikes({.shift = true, .character = U'"', .code = 11});
+    EXPECT_EQ(room.state().KeysDone, 0);
+    strikes({.character = U'é', .code = 11});
+    EXPECT_EQ(letters(), "Y");
+    strikes({.character = U'y', .code = 11});
+    EXPECT_EQ(room.state().KeysDone, 2) << "a letter is a letter wherever it stands";
+}
+
 TEST_F(TileGame, TheLetterAIsNeverAmongTheFirstTiles) {
     const float almost_one = 0.9999F;
     room.random.script({almost_one, almost_one, 0.0F, 0.1F, almost_one});

@@ -108,6 +108,11 @@ public:
 /// The cue that is the sound of a letter or digit.
 [[nodiscard]] std::string phonic(std::string_view letter);
 
+/// Whether a key of the board bears it: a to z, A to Z, 0 to 9.
+constexpr bool is_on_the_board(char32_t c) {
+    return (c >= U'A' && c <= U'Z') || (c >= U'a' && c <= U'z') || (c >= U'0' && c <= U'9');
+}
+
 /// a to z turned into A to Z; everything else stays.
 [[nodiscard]] std::string in_capitals(std::string_view text);
 

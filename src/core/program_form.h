@@ -55,7 +55,11 @@ private:
 class ListeningForm : public ProgramForm {
 public:
     using ProgramForm::ProgramForm;
-    void key_pressed(KeyPress& press) override { program_.referee->JudgeKey(press.code); }
+    void key_pressed(KeyPress& press) override {
+        // The board shows digits only, so a key with a digit is meant for it, whatever else is on it.
+        const bool is_sign = press.digit != 0 && !is_on_the_board(press.code);
+        program_.referee->JudgeKey(is_sign ? press.digit : press.code);
+    }
 };
 
 }  // namespace marrowfen

@@ -90,6 +90,7 @@ private:
             good_ = good_ && list != nullptr;
             return ListDrop{list, kind == "drop"};
         }
+        if (kind == "focus") return FocusRequest{control()};
         if (kind == "tick") return tick();
         if (kind == "screen") {
             const Point size = point();
@@ -121,7 +122,9 @@ private:
         std::optional<std::int64_t> held;
         while (good_ && !words_.at_end()) {
             const std::string word = words_.take();
-            if (word == "below") {
+            if (word == "touch") {
+                press.by_touch = true;
+            } else if (word == "below") {
                 press.row = MousePress::kBelowTheRows;
             } else if (const auto button = lettered(word, 'b')) {
                 press.button = static_cast<MouseButton>(*button);
@@ -240,7 +243,7 @@ std::string to_text(const InputEvent::What& what, const FormSet& forms) {
         Match{
             [](const MousePress& press) {
                 return "press" + place(press.at) + button(press.button) + held(press.held, press.button) +
-                       row(press.row);
+                       row(press.row) + (press.by_touch ? " touch" : "");
             },
             [](const MouseMove& move) { return "move" + place(move.at) + held(move.held, MouseButton::None); },
             [](const MouseRelease& release) { return "release" + place(release.at) + button(release.button); },
@@ -257,6 +260,7 @@ std::string to_text(const InputEvent::What& what, const FormSet& forms) {
                 return "row" + thing(*choice.list, forms) + " " + std::to_string(choice.row);
             },
             [&](const ListDrop& drop) { return (drop.open ? "drop" : "undrop") + thing(*drop.list, forms); },
+            [&](const FocusRequest& request) { return "focus" + thing(*request.control, forms); },
             [&](const Tick& tick) { return "tick" + thing(*tick.timer, forms); },
             [](const ScreenSize& size) {
                 return "screen" + place({size.screen.width, size.screen.height});

@@ -12,6 +12,12 @@ namespace marrowfen {
 
 namespace {
 
+// The form layer has forms of its own, which are not in the set.
+std::string name_of(const Form& form, const FormSet& forms) {
+    const auto name = forms.name_of(form);
+    return std::string(name.empty() ? form.design().spoken : name);
+}
+
 std::string shown(const Picture& picture, const std::string& program_folder) {
     const std::string& name = picture.name();
     return name.starts_with(program_folder) ? name.substr(program_folder.size()) : name;
@@ -76,7 +82,7 @@ std::vector<std::string> ScreenWatch::changes(const Desktop& desktop, const Form
     std::vector<std::string> gone;
     std::erase_if(seen_, [&](const auto& entry) {
         const bool stays = std::ranges::find(on_show, entry.first) != on_show.end() &&
-                           entry.second.name == forms.name_of(*entry.first);
+                           entry.second.name == name_of(*entry.first, forms);
         if (!stays) gone.push_back("gone " + entry.second.name);
         return !stays;
     });
@@ -84,7 +90,7 @@ std::vector<std::string> ScreenWatch::changes(const Desktop& desktop, const Form
     lines.insert(lines.end(), gone.begin(), gone.end());
     for (const Form* form : on_show) {
         auto now = shown(*form, program_folder);
-        const auto [seen, is_new] = seen_.try_emplace(form, Seen{std::string(forms.name_of(*form)), {}});
+        const auto [seen, is_new] = seen_.try_emplace(form, Seen{name_of(*form, forms), {}});
         const std::string& name = seen->second.name;
         auto& before = seen->second.controls;
         if (is_new) {
@@ -99,7 +105,7 @@ std::vector<std::string> ScreenWatch::changes(const Desktop& desktop, const Form
     const Control* ringed = desktop.ring().at();
     std::string ring = ringed == nullptr
                            ? std::string{}
-                           : " " + std::string(forms.name_of(ringed->form())) + "." + std::to_string(ringed->number());
+                           : " " + name_of(ringed->form(), forms) + "." + std::to_string(ringed->number());
     if (ring != ring_) lines.push_back("ring" + ring);
     ring_ = std::move(ring);
     return lines;

@@ -31,8 +31,7 @@ Rule* GameReferee::rule(RuleId id) {
 }
 
 void GameReferee::JudgeKey(char32_t key) {
-    const bool counts = (key >= U'A' && key <= U'Z') || (key >= U'a' && key <= U'z') || (key >= U'0' && key <= U'9');
-    if (!counts || !program_.state.GameRunning) return;
+    if (!is_on_the_board(key) || !program_.state.GameRunning) return;
     const Game* game = find_game(program_.state.TemplateID);
     Rule* judge = game == nullptr ? nullptr : rule(game->typed);
     if (judge == nullptr) return;

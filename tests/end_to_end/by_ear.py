@@ -142,7 +142,10 @@ def play():
     until("the game being selected", lambda: has("SELECTED", games.get_child_at_index(wanted)))
     strike("Return")
     comes("Team colour")
-    press("Team colour", "Blue team")
+    blue = part("Team colour", "push button", "Blue team")
+    Atspi.Component.grab_focus(blue)
+    until("the blue button having the focus", lambda: has("FOCUSED", blue) and focused[-1] == "Blue team")
+    strike("Return")
 
     keys = until("the keys", lambda: [key for key in children(form("Keyboard")) if len(key.get_name()) == 1])
     if sorted(key.get_name() for key in keys) != sorted("ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789"):

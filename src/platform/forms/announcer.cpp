@@ -33,6 +33,12 @@ std::string news_in(const std::string& now, const std::string& before) {
     return begin == std::string::npos ? std::string{} : added.substr(begin);
 }
 
+void append(std::string& said, const std::string& added) {
+    if (added.empty()) return;
+    if (!said.empty()) said += said.ends_with('.') || said.ends_with(':') ? " " : ". ";
+    said += added;
+}
+
 }  // namespace
 
 Announcer::News Announcer::news(const Desktop& desktop) {
@@ -52,9 +58,8 @@ Announcer::News Announcer::news(const Desktop& desktop) {
             std::string& name_now = now[control->number()] = spoken_name(*control);
             if (name_now == heard) continue;
             if (!heard.empty()) news.renamed.push_back(control);
-            if (!is_announced(*control) || (has_come && form == desktop.active())) continue;
-            const std::string added = news_in(name_now, heard);
-            if (!added.empty()) news.said += (news.said.empty() ? "" : ". ") + added;
+            if (!is_announced(*control) || form->design().level == Level::Message) continue;
+            append(news.said, news_in(name_now, heard));
         }
         before = std::move(now);
     }

@@ -9,8 +9,8 @@
 namespace marrowfen {
 
 /// Says what has changed on the screen since it was last asked, for whoever can't see it: what stands on a form that
-/// has come beside the active one, a text, a card or a tile that is another one now, and now and then the time.
-/// What becomes active is not announced: it is read because it has the focus.
+/// has come, a text, a card or a tile that is another one now, and now and then the time. A message is left out: every
+/// reader reads it all by itself.
 class Announcer {
 public:
     struct News {

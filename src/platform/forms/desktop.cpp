@@ -4,6 +4,7 @@
 #include <ranges>
 #include <utility>
 
+#include "platform/forms/letters.h"
 #include "platform/match.h"
 
 namespace marrowfen {
@@ -40,6 +41,7 @@ void Desktop::hide(Form& form) {
 
 void Desktop::unload(Form& form) {
     const HandlerScope handler_scope(*this);
+    if (letters_ != nullptr && &letters_->box().form() == &form) unload(*std::exchange(letters_, nullptr));
     const auto place = std::ranges::find(forms_, &form, &std::unique_ptr<Form>::get);
     if (place == forms_.end()) return;
     for (Timer* timer : form.timers_) timer->disable();
@@ -70,7 +72,8 @@ void Desktop::raise(Form& form) {
 // Nothing takes the active state from a message, not even a form that shows itself over it: it must be answered.
 void Desktop::activate(Form& form) {
     const Form* on_top = message();
-    if (active_ == &form || !is_loaded(form) || (on_top != nullptr && on_top != &form)) return;
+    const bool is_kept = on_top != nullptr && on_top != &form;
+    if (active_ == &form || !is_loaded(form) || !form.design().takes_over || is_kept) return;
     Form* before = std::exchange(active_, &form);
     if (form.focus_ == nullptr) form.focus_ = form.first_to_take_focus();
     rearranged();
@@ -89,7 +92,8 @@ Form* Desktop::message() const {
 
 void Desktop::activate_next() {
     const auto from_top = forms_ | std::views::reverse;
-    const auto next = std::ranges::find_if(from_top, [](const auto& form) { return form->visible_; });
+    const auto next =
+        std::ranges::find_if(from_top, [](const auto& form) { return form->visible_ && form->design().takes_over; });
     if (next == from_top.end()) {
         active_ = nullptr;
     } else {
@@ -146,8 +150,24 @@ Form* Desktop::form_at(Point on_screen) const {
 Taker Desktop::handle(const InputEvent& event) {
     const HandlerScope handler_scope(*this);
     const Taker taker = take(event);
+    settle_letters();
     ring_.settle();
     return taker;
+}
+
+// Letters come when a box is to be filled by somebody who last used a finger or a pen, and go with that.
+void Desktop::settle_letters() {
+    constexpr Twips kNarrowest = 30 * kTwipsPerPixel;  // a narrower box only holds the focus
+    const auto takes_letters = [](const TextBox* box) {
+        return box != nullptr && box->is_field() && box->Visible && box->Enabled && box->Width >= kNarrowest;
+    };
+    auto* box = mouse_.is_touched() && active_ != nullptr ? as<TextBox>(active_->focus()) : nullptr;
+    if (!takes_letters(box)) box = nullptr;
+    if (letters_ != nullptr && &letters_->box() != box) unload(*std::exchange(letters_, nullptr));
+    if (box == nullptr || letters_ != nullptr) return;
+    auto letters = std::make_unique<Letters>(*this, *box);
+    letters_ = letters.get();
+    show(load(std::move(letters)));
 }
 
 Taker Desktop::take(const InputEvent& event) {
@@ -180,6 +200,11 @@ Taker Desktop::take(const ListDrop& drop) {
     } else if (dropped_ == drop.list) {
         dropped_ = nullptr;
     }
+    return Taker::Forms;
+}
+
+Taker Desktop::take(const FocusRequest& request) {
+    if (is_loaded(request.control->form()) && ring_.is_stop(*request.control)) ring_.go_to(*request.control);
     return Taker::Forms;
 }
 

@@ -13,6 +13,8 @@
 
 namespace marrowfen {
 
+class Letters;
+
 /// The window system of the program inside its one real window: stacking, activation, focus, input, timers, yields and
 /// the life of forms. Everything happens on one thread.
 ///
@@ -76,6 +78,7 @@ private:
     Taker take(const TextEdit& edit);
     Taker take(const RowChoice& choice);
     Taker take(const ListDrop& drop);
+    Taker take(const FocusRequest& request);
     Taker take(const Tick& tick);
     Taker take(const ScreenSize& size);
     Taker take(const CloseRequest& request);
@@ -84,12 +87,14 @@ private:
     void activate_next();
     void raise(Form& form);
     void give_focus(Control* control);
+    void settle_letters();
 
     Display& display_;
     std::vector<std::unique_ptr<Form>> forms_;             // loaded ones, from the bottom to the top
     std::vector<std::unique_ptr<Form>> pending_deletion_;  // unloaded, but a handler may still be inside
     Form* active_ = nullptr;
     ComboBox* dropped_ = nullptr;
+    Letters* letters_ = nullptr;  // on the screen, for who has no keyboard
     Size screen_;
     Keyboard keyboard_{*this};
     Mouse mouse_{*this};

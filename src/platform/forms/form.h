@@ -25,6 +25,7 @@ struct FormDesign {
     Border border = Border::None;
     Colour back = kYellow;
     Twips bare_top = 0;         ///< so much of its upper edge shows what lies below, under its controls
+    bool takes_over = true;     ///< whether it becomes the active form when it is shown or pressed
     std::string_view spoken{};  ///< its name for somebody who can't see it
 };
 

@@ -51,6 +51,9 @@ struct KeyEvent {
 /// control sees it.
 struct KeyPress {
     char32_t code = 0;
+    /// The digit that a keyboard of another country has on this key: some write letters and signs there, and digits
+    /// only with Shift. 0: it is no such key, or Shift is held.
+    char32_t digit = 0;
     [[nodiscard]] bool swallowed() const { return code == 0; }
     void swallow() { code = 0; }
 };
@@ -75,6 +78,7 @@ struct MousePress {
     MouseButton button = MouseButton::Left;
     MouseButtons held{};               ///< this button, and those that were down already
     std::optional<std::size_t> row{};  ///< none: there are no rows here, as on a scroll bar
+    bool by_touch = false;             ///< with a finger or a pen
 };
 struct MouseMove {
     Point at;
@@ -95,7 +99,7 @@ struct KeyDown {
     bool command = false;    ///< the key of the window system
     bool repeats = false;    ///< it has been down for a while
     char32_t character = 0;  ///< 0: it stands for none
-    std::uint32_t code = 0;  ///< tells one key of the keyboard from another; 0: not known
+    std::uint32_t code = 0;  ///< tells one key of the keyboard from another, as X11 numbers them; 0: not known
 };
 struct KeyUp {
     Key key = Key::Other;
@@ -118,6 +122,10 @@ struct ListDrop {
     ComboBox* list = nullptr;
     bool open = false;
 };
+/// A screen reader or a switch wants the ring to stand there.
+struct FocusRequest {
+    Control* control = nullptr;
+};
 struct Tick {
     Timer* timer = nullptr;
 };
@@ -129,7 +137,7 @@ struct CloseRequest {};
 
 struct InputEvent {
     using What = std::variant<MousePress, MouseMove, MouseRelease, WheelTurn, KeyDown, KeyUp, TextEdit, RowChoice,
-                              ListDrop, Tick, ScreenSize, CloseRequest>;
+                              ListDrop, FocusRequest, Tick, ScreenSize, CloseRequest>;
     std::chrono::milliseconds time{};  ///< since any one moment; it never runs back
     What what;
 };

@@ -13,6 +13,13 @@ char32_t written_by(const KeyDown& key) {
     return is_command ? 0 : key.character;
 }
 
+char32_t digit_on(const KeyDown& key) {
+    constexpr std::uint32_t kOne = 10;
+    constexpr std::uint32_t kZero = 19;
+    if (key.shift || key.code < kOne || key.code > kZero) return 0;
+    return key.code == kZero ? U'0' : U'1' + (key.code - kOne);
+}
+
 }  // namespace
 
 Taker Keyboard::field_or_nobody() const {
@@ -22,6 +29,7 @@ Taker Keyboard::field_or_nobody() const {
 
 Taker Keyboard::handle(const KeyDown& key, std::chrono::milliseconds time) {
     constexpr std::chrono::milliseconds kOneMoment{2};
+    desktop_.mouse_.key_struck();
     Form* form = desktop_.active();
     const bool repeats = key.repeats || (key.code != 0 && key.code == released_ && time - released_at_ <= kOneMoment);
     if (!repeats) pressed_on_ = form;
@@ -42,12 +50,11 @@ Taker Keyboard::handle(const KeyDown& key, std::chrono::milliseconds time) {
         list->on_enter_key();
         return Taker::Nobody;
     }
-    return character != 0 && character_taken(character) ? Taker::Nobody : field_or_nobody();
+    return character != 0 && is_taken({character, digit_on(key)}) ? Taker::Nobody : field_or_nobody();
 }
 
-bool Keyboard::character_taken(char32_t character) {
+bool Keyboard::is_taken(KeyPress press) {
     Form* form = desktop_.active();
-    KeyPress press{character};
     if (form->design().key_preview == KeyPreview::Yes) form->key_pressed(press);
     if (desktop_.active() != form) return true;
     Control* focus = form->focus();

@@ -20,7 +20,7 @@ public:
     }
 
 private:
-    [[nodiscard]] bool character_taken(char32_t character);
+    [[nodiscard]] bool is_taken(KeyPress press);
     [[nodiscard]] Taker field_or_nobody() const;
 
     Desktop& desktop_;

@@ -29,6 +29,7 @@ Taker Mouse::handle(const MousePress& press, std::chrono::milliseconds time) {
     if (held_ != MouseButton::None) let_go(press.at, time);  // its release got lost
 
     held_ = press.button;
+    touched_ = press.by_touch;
     taker_ = Taker::Nobody;
     ComboBox* dropped = desktop_.dropped_list();
     Form* form = dropped != nullptr ? &dropped->form() : desktop_.form_at(press.at);

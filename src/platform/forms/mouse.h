@@ -48,6 +48,9 @@ public:
     /// Nothing of the form may be touched any more.
     void forget(const Form& form);
 
+    /// Whether the user's last press was one with a finger or a pen, and no key has been struck since.
+    [[nodiscard]] bool is_touched() const { return touched_; }
+    void key_struck() { touched_ = false; }
     [[nodiscard]] const std::optional<Drag>& drag() const { return drag_; }
 
 private:
@@ -73,6 +76,7 @@ private:
     Desktop& desktop_;
     Press last_;
     MouseButton held_ = MouseButton::None;
+    bool touched_ = false;
     Taker taker_ = Taker::Nobody;  // of what is held
     Control* captured_ = nullptr;
     std::optional<Drag> drag_;

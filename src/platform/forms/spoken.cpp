@@ -64,7 +64,7 @@ Part part_of(Control& control) {
     const auto text = [&] { return spoken_name(control).empty() ? Part::None : Part::Text; };
     return std::visit(
         Match{
-            [&](const Label*) { return text(); },
+            [&](const Label* label) { return acts(*label) ? Part::Button : text(); },
             [&](const Image* image) {
                 if (image->Spoken->empty() || is_covered(*image)) return Part::None;
                 if (image->switched) return Part::Switch;

@@ -40,6 +40,11 @@ Taker HeadlessDisplay::press(Point at, std::optional<std::size_t> row, MouseButt
     return tell(MousePress{at, button, held_, row});
 }
 
+Taker HeadlessDisplay::touch(Point at) {
+    held_.bits |= static_cast<std::uint8_t>(MouseButton::Left);
+    return tell(MousePress{.at = at, .held = held_, .by_touch = true});
+}
+
 Taker HeadlessDisplay::release(Point at, MouseButton button) {
     held_.bits &= static_cast<std::uint8_t>(~static_cast<std::uint8_t>(button));
     return tell(MouseRelease{at, button});

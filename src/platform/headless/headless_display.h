@@ -22,6 +22,7 @@ public:
 
     // A mouse and a keyboard, and what a toolkit's own fields make of them.
     Taker press(Point at, std::optional<std::size_t> row = {}, MouseButton button = MouseButton::Left);
+    Taker touch(Point at);
     Taker move(Point at) { return tell(MouseMove{at, held_}); }
     Taker release(Point at, MouseButton button = MouseButton::Left);
     void click(Point at, std::optional<std::size_t> row = {});

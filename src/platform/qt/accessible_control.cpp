@@ -49,7 +49,8 @@ QAccessible::State AccessibleControl::state() const {
     state.disabled = part != Part::Text && part != Part::Picture && part != Part::Watch && !takes_press();
     state.focusable = takes_press();
     state.focused = desktop.ring().at() == &control_;
-    state.selected = part == Part::Tile && desktop.drag() && desktop.drag()->source == &control_;
+    const auto& drag = desktop.drag();
+    state.selected = drag && drag->source == &control_;
     const auto* image = as<Image>(&control_);
     state.checkable = part == Part::Switch;
     state.checked = image != nullptr && image->switched.value_or(false);
@@ -69,11 +70,11 @@ void* AccessibleControl::interface_cast(QAccessible::InterfaceType type) {
 QStringList AccessibleControl::actionNames() const {
     switch (part_of(control_)) {
         case Part::Switch:
-            return {toggleAction()};
+            return {toggleAction(), setFocusAction()};
         case Part::Button:
         case Part::Key:
         case Part::Tile:
-            return {pressAction()};
+            return {pressAction(), setFocusAction()};
         default:
             return {};
     }
@@ -82,6 +83,14 @@ QStringList AccessibleControl::actionNames() const {
 // Later: the form, and this with it, may go with the press, and whoever asked is still looking at it.
 void AccessibleControl::doAction(const QString& action) {
     if (!actionNames().contains(action) || !takes_press()) return;
+    if (action == setFocusAction()) {
+        if (!control_.form().design().takes_over) return;
+        const auto request = [&view = view_, control = &control_] {
+            if (!view.is_dismissed()) view.events().tell(FocusRequest{control});
+        };
+        QMetaObject::invokeMethod(&view_, request, Qt::QueuedConnection);
+        return;
+    }
     const Rect bounds = control_.bounds();
     const Form& form = control_.form();
     const Point at{form.Left + bounds.centre().x, form.Top + bounds.centre().y};

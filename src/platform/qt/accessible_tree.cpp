@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/forms/spoken.h"
 #include "platform/qt/form_view.h"
 #include "platform/qt/window.h"
 
@@ -47,7 +48,8 @@ public:
 class AccessibleForm final : public Branch {
 public:
     explicit AccessibleForm(FormView& view)
-        : Branch(&view, view.form().design().level == Level::Message ? QAccessible::AlertMessage : QAccessible::Dialog),
+        : Branch(&view,
+                 view.form().design().level == Level::Message ? QAccessible::AlertMessage : QAccessible::Grouping),
           view_(view) {}
     [[nodiscard]] Children children() const override { return view_.accessible_parts(); }
     [[nodiscard]] QString text(QAccessible::Text kind) const override {
@@ -143,15 +145,22 @@ void AccessibleTree::catch_up(const Desktop& desktop, const std::vector<FormView
 // The toolkit itself tells when one of its widgets takes the focus; here it goes to what is only painted, and back.
 void AccessibleTree::tell_focus(const Desktop& desktop, const std::vector<FormView*>& views) {
     Control* ringed = desktop.ring().at();
-    if (std::exchange(ringed_, ringed) == ringed) return;
+    if (ringed_ == ringed) return;
     const Form* form = ringed != nullptr ? &ringed->form() : desktop.active();
     FormView* view = view_of(form, views);
     if (view == nullptr) return;
     QWidget* field = view->widget_for_focus();
+    ringed_ = ringed;
     tell(ringed != nullptr  ? view->accessible(*ringed)
          : field != nullptr ? QAccessible::queryAccessibleInterface(field)
                             : QAccessible::queryAccessibleInterface(view),
          QAccessible::Focus);
+    // The other side of a switch is called the same: without this it would not be read.
+    if (ringed == nullptr || part_of(*ringed) != Part::Switch) return;
+    QAccessible::State checked;
+    checked.checked = true;
+    QAccessibleStateChangeEvent event(view->accessible(*ringed), checked);
+    QAccessible::updateAccessibility(&event);
 }
 
 // A notice is read when it comes on the screen.

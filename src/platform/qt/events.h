@@ -16,6 +16,7 @@ class Events {
 public:
     explicit Events(InputSink& sink) : sink_(sink) { since_start_.start(); }
     Taker tell(InputEvent::What what, const QInputEvent& source) {
+        if (source.timestamp() == 0) return tell(std::move(what));  // a screen reader has held it, and handed it on
         const std::chrono::milliseconds stamp(source.timestamp());
         if (offset_ == std::chrono::milliseconds::min()) offset_ = stamp - elapsed();
         return hand_over(stamp - offset_, std::move(what));

@@ -97,6 +97,7 @@ void ListField::keyPressEvent(QKeyEvent* event) {
     const int key = event->key();
     const bool moves = key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_Home || key == Qt::Key_PageDown;
     if (moves && !selected_row().isValid() && model_.rowCount() > 0) {
+        selectionModel()->clearCurrentIndex();  // it is the first row already, and would not be read
         setCurrentIndex(model_.index(0));
     } else {
         QListView::keyPressEvent(event);

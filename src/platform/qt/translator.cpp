@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPointingDevice>
 #include <QWindow>
 
 #include "platform/qt/events.h"
@@ -159,7 +160,11 @@ Taker Translator::told(const QMouseEvent& event) {
         taker = events_.tell(MouseRelease{at, to_button(event.button())}, event);
     } else {
         const auto row = row_at(display_.window(), event.globalPosition().toPoint());
-        taker = events_.tell(MousePress{at, to_button(event.button()), to_buttons(event.buttons()), row}, event);
+        const auto pointer = event.pointerType();
+        const bool by_touch =
+            pointer == QPointingDevice::PointerType::Finger || pointer == QPointingDevice::PointerType::Pen;
+        taker =
+            events_.tell(MousePress{at, to_button(event.button()), to_buttons(event.buttons()), row, by_touch}, event);
         display_.catch_up();  // the widget that the press may go on to must be the one that is there now
     }
     return taker;
