@@ -39,11 +39,15 @@ TEST_F(StoreTest, OpensNothingButAStoreThatCanBeWrittenAndSaysWhy) {
               "the file is read-only for this user account"},
              {[this] { std::filesystem::permissions(folder_.path(), std::filesystem::perms(0555)); },
               "its folder is read-only for this user account"},
+             {[this] { std::filesystem::permissions(folder_.path(), std::filesystem::perms(0)); },
+              "this user account may not open the file or its folder"},
+             {[this] { std::filesystem::remove(file_), std::filesystem::create_symlink(file_, file_); },
+              "the disk or the network drive does not answer as it should"},
          }) {
+        std::filesystem::permissions(folder_.path(), std::filesystem::perms(0777));
         std::filesystem::remove_all(file_);
         write_bytes(file_, good);
         std::filesystem::permissions(file_, std::filesystem::perms(0666));
-        std::filesystem::permissions(folder_.path(), std::filesystem::perms(0777));
         c.spoil();
         const std::string before = bytes_of(file_);
         // Whoever may do everything may also write what is read-only.

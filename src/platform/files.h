@@ -17,6 +17,7 @@ public:
     /// The same folder in the short form that the sound device wants; empty when there is none.
     [[nodiscard]] virtual std::string short_program_folder() const = 0;
     /// Finds a file without regard to case; `path` is written with backslashes, and empty parts do not count.
+    /// Nothing means that it is not there; when the disk does not answer, the path as it is written counts as found.
     [[nodiscard]] virtual std::optional<std::filesystem::path> find(std::string_view path) const = 0;
 };
 

@@ -2,6 +2,7 @@
 
 #include <sqlite3.h>
 
+#include <cerrno>
 #include <new>
 #include <string>
 
@@ -63,17 +64,32 @@ StoreFailure failure_of(sqlite3* connection) {
             return {"the file is not a data store of this program, or is damaged", Trouble::Damaged};
         case SQLITE_IOERR:
             if (code == SQLITE_IOERR_SHORT_READ) return {"the file is damaged", Trouble::Damaged};
-            return {"the disk or the network drive does not answer as it should"};
+            return failure_of_system(sqlite3_system_errno(connection));
         case SQLITE_PERM:
         case SQLITE_AUTH:
+            return failure_of_system(EACCES);
         case SQLITE_CANTOPEN:
-            return {"this user account may not open the file or its folder", Trouble::NotWritable};
+            return failure_of_system(sqlite3_system_errno(connection));
         case SQLITE_TOOBIG:
             return {"the text is too long"};
         case SQLITE_CONSTRAINT:
             return {refusal(code, message), Trouble::Refused};
         default:
             return {"it does not answer as expected (" + message + ")"};
+    }
+}
+
+StoreFailure failure_of_system(int error) {
+    switch (error) {
+        case EACCES:
+        case EPERM:
+        case EROFS:
+            return {"this user account may not open the file or its folder", Trouble::NotWritable};
+        case ENOSPC:
+        case EDQUOT:  // the library takes an account's own limit for an error of the disk
+            return {"the disk is full"};
+        default:
+            return {"the disk or the network drive does not answer as it should"};
     }
 }
 

@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <set>
 #include <string_view>
 #include <system_error>
@@ -12,6 +13,7 @@
 #include "platform/sqlite/file_head.h"
 #include "platform/sqlite/journal.h"
 #include "platform/sqlite/query_text.h"
+#include "platform/sqlite/reasons.h"
 #include "platform/sqlite/statement.h"
 
 namespace marrowfen {
@@ -22,7 +24,12 @@ const StoreFailure kDamaged{"the file is damaged", Trouble::Damaged};
 const StoreFailure kForeign{"it is not a data store of this program", Trouble::Foreign};
 
 // Permission bits alone would not tell of a read-only drive or of rights given in other ways.
-bool can_write(const std::filesystem::path& path) { return faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0; }
+std::optional<StoreFailure> check_rights(const std::filesystem::path& path, const std::string& reason) {
+    if (faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0) return std::nullopt;
+    StoreFailure failure = failure_of_system(errno);
+    if (failure.trouble == Trouble::NotWritable) failure.reason = reason;
+    return failure;
+}
 
 std::optional<StoreFailure> damage_in(std::string_view part, const StoreFailure& failure) {
     return StoreFailure{"its part " + std::string(part) + " can't be read: " + failure.reason, failure.trouble};
@@ -36,6 +43,7 @@ std::optional<StoreFailure> check_place(const std::filesystem::path& file) {
     if (status.type() == std::filesystem::file_type::not_found) {
         return StoreFailure{"there is no such file", Trouble::Missing};
     }
+    if (error) return failure_of_system(error.value());
     if (std::filesystem::is_directory(status)) return StoreFailure{"a folder has this name", Trouble::Foreign};
     if (!std::filesystem::is_regular_file(status)) {
         return StoreFailure{"this is not a file with data", Trouble::Foreign};
@@ -43,13 +51,9 @@ std::optional<StoreFailure> check_place(const std::filesystem::path& file) {
     // A write needs a second file beside the first for a moment, so the folder counts as well. A link may lead
     // elsewhere.
     const auto real_file = std::filesystem::canonical(file, error);
-    if (error || !can_write(real_file)) {
-        return StoreFailure{"the file is read-only for this user account", Trouble::NotWritable};
-    }
-    if (!can_write(real_file.parent_path())) {
-        return StoreFailure{"its folder is read-only for this user account", Trouble::NotWritable};
-    }
-    return std::nullopt;
+    if (error) return failure_of_system(error.value());
+    if (auto failure = check_rights(real_file, "the file is read-only for this user account")) return failure;
+    return check_rights(real_file.parent_path(), "its folder is read-only for this user account");
 }
 
 // The file is read through the library: to open and close it beside the library would let go of the library's locks.
@@ -63,7 +67,7 @@ std::optional<StoreFailure> check_head(Connection& connection, const std::filesy
     }
     const int read = open_file->pMethods->xRead(open_file, head.data(), static_cast<int>(head.size()), 0);
     if (read == SQLITE_IOERR_SHORT_READ) return kForeign;
-    if (read != SQLITE_OK) return StoreFailure{"the disk or the network drive does not answer as it should"};
+    if (read != SQLITE_OK) return failure_of_system(EIO);
     if (!std::equal(kFileMagic.begin(), kFileMagic.end(), head.begin())) {
         return StoreFailure{"the file is not a data store of this program, or is damaged", Trouble::Damaged};
     }

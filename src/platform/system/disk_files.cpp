@@ -12,7 +12,8 @@ namespace {
 
 std::optional<std::filesystem::path> find_in(const std::filesystem::path& folder, std::string_view name) {
     std::error_code error;
-    if (auto exact = folder / name; std::filesystem::exists(exact, error)) return exact;
+    // Where the disk does not tell, whoever opens the file shall meet the error: it must not pass for a missing file.
+    if (auto exact = folder / name; std::filesystem::exists(exact, error) || error) return exact;
     for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
          entry.increment(error)) {
         if (same_name(entry->path().filename().string(), name)) return entry->path();
