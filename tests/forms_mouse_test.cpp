@@ -49,6 +49,9 @@ TEST_F(Forms, ASecondPressSoonAfterInTheSamePlaceIsADoubleClickOnARowOfAList) {
     clicks({}), clicks({});  // on the scroll bar
     EXPECT_EQ(said(), Log{}) << "two rows, two clicks that lie apart, no row";
     EXPECT_EQ(a.list.text(), "two");
+    clicks(MousePress::kBelowTheRows);
+    EXPECT_EQ(a.list.text(), "two") << "a press on nothing takes no choice away";
+    display.idle(2 * Mouse::kDoubleClickTime);
     a.list.clear_selection();
     clicks(MousePress::kBelowTheRows), clicks(MousePress::kBelowTheRows);
     EXPECT_EQ(said(), Log{"a double click on "});
@@ -171,6 +174,16 @@ TEST_F(Forms, WhatThePointerHoldsOrIsOverMayGo) {
     press(a->picture), desktop.unload(*a);
     display.release(where);
     EXPECT_EQ(said_last(2), (Log{"b activated", "a gone"}));
+}
+
+TEST_F(Forms, AListThatIsOpenGoesWithItsForm) {
+    Toy& b = open("b");
+    Toy& a = open("a");
+    display.tell(ListDrop{&a.combo, true});
+    desktop.unload(a);
+    said();
+    click(b.picture);
+    EXPECT_EQ(said_last(1), Log{"b picture clicked"});
 }
 
 TEST_F(Forms, APictureButtonActsOnceForEachPress) {

@@ -162,6 +162,17 @@ TEST(Removal, OfTheLastPupilLeavesAListThatStillWorksAndANumberThatIsNotUsedAgai
     EXPECT_EQ(room.state().PupilID, 2) << "old results must not show under the new pupil's name";
 }
 
+TEST(GameList, KeepsTheSwitchesWhenItComesBack) {
+    Lesson lesson;
+    lesson.ann.presses(&frmGames::Snd_On);
+    lesson.switches(Phonics::Off);
+    lesson.ann.presses(&frmGames::BackDe);
+    lesson.ann.sits_down("Ann");
+    EXPECT_FALSE(lesson.room.state().SoundOn);
+    EXPECT_FALSE(lesson.room.state().PhonicsOn);
+    EXPECT_TRUE(lesson.room.form<frmGames>().sndOff.Visible);
+}
+
 TEST(GameList, OpensTheGameOfAnEntryWhateverItsName) {
     Lesson lesson;
     Classroom& room = lesson.room;

@@ -66,6 +66,17 @@ struct Times final : InputSink {
     Taker handle(const InputEvent& event) override { return times.push_back(event.time), Taker::Nobody; }
 };
 
+TEST_F(QtAdapterTest, AnEventIsOfTheMomentAtWhichItWasDoneHoweverLateItIsLookedAt) {
+    Times sink;
+    Events events(sink);
+    for (const quint64 stamp : {1000U, 1900U}) {
+        QKeyEvent key(QEvent::KeyPress, Qt::Key_Return, {});
+        key.setTimestamp(stamp);
+        events.tell(KeyDown{.key = Key::Enter}, key);
+    }
+    EXPECT_EQ(sink.times.back() - sink.times.front(), std::chrono::milliseconds(900));
+}
+
 TEST_F(QtAdapterTest, AKeyThatAScreenReaderHandsOnWithoutATimeIsOfNow) {
     Times sink;
     Events events(sink);

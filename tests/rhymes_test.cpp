@@ -80,6 +80,16 @@ TEST_F(Rhymes, AWordOfAnotherGroupCountsAndTheFirstWordsLastLetterDoesNot) {
     EXPECT_EQ(room.heard_and_forgotten(), (std::vector<std::string>{"donkey.au", "magic.au", "Donkey.au"}));
 }
 
+TEST_F(Rhymes, TheClockRunsUpToTheLastWordOfTheLastTask) {
+    begins(14);
+    while (plays() && room.state().WordCursor < kGroupsInAGame - 1) gives(right_letter(), Way::SmallLetters);
+    ASSERT_TRUE(plays());
+    ASSERT_GT(room.state().RhymesLeft, 1);
+    gives(right_letter(), Way::SmallLetters);
+    room.seconds_pass(60);
+    EXPECT_TRUE(room.is_open(FormId::frmTimeUp));
+}
+
 TEST_F(Rhymes, TheDrawLeavesMoreThanItAsksFor) {
     spoil_store("DELETE FROM Words_Keystage2 WHERE id=1 AND word NOT IN ('Cake', 'Lake', 'Rake')");
     for (const int game : {14, 1}) {

@@ -201,7 +201,7 @@ int replay(const std::filesystem::path& folder, const Options& options) {
         }
     };
     if (!player.ended()) {
-        go_on();
+        QTimer::singleShot(0, &display.window(), go_on);  // which may have nothing to do but to end what has begun
         QApplication::exec();
     }
     const std::string complaint = player.complaint();
