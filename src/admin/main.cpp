@@ -1,44 +1,19 @@
+#include <CLI/CLI.hpp>
 #include <cstdio>
+#include <cstdlib>
 #include <optional>
-#include <system_error>
 
 #include "admin/commands.h"
-#include "admin/words.h"
-#include "copies/copies.h"
-#include "platform/system/disk_files.h"
+#include "platform/system/own_folder.h"
 
 namespace marrowfen {
-
-void Admin::fail(const std::string& sentence) {
-    (void)std::fprintf(stderr, "marrowfen-admin: %s\n", sentence.c_str());
-    status = EXIT_FAILURE;
-}
-
-std::string in_words(const Holdings& holdings) {
-    const auto counted = [](std::int64_t number, const std::string& what) {
-        return std::to_string(number) + " " + what + (number == 1 ? "" : "s");
-    };
-    return counted(holdings.pupils, "pupil") + " and " + counted(holdings.results, "result");
-}
 
 namespace {
 
 constexpr int kCantUnderstand = 2;
 
-std::filesystem::path folder_of_this_program() {
-    std::error_code error;
-    return std::filesystem::read_symlink("/proc/self/exe", error).parent_path();
-}
-
-std::filesystem::path store_in(const std::filesystem::path& folder) {
-    const DiskFiles files(folder);
-    const auto found = files.find(files.program_folder() + "\\data.mdb");
-    return found ? *found : folder / "data.mdb";
-}
-
 int obey(int argc, char** argv) {
-    Admin admin;
-    std::filesystem::path folder = folder_of_this_program();
+    std::filesystem::path store = own_folder();
     std::optional<Room> opened;
     Room* room = nullptr;
     CLI::App line(
@@ -48,25 +23,20 @@ int obey(int argc, char** argv) {
         "marrowfen-admin");
     line.set_version_flag("--version", "marrowfen-admin " MARROWFEN_VERSION);
     line.set_help_all_flag("--help-all", "Show the help of all words");
-    line.add_option("--folder", folder, "The program folder with data.mdb; without it the one of this program")
+    line.add_option("--store", store, "The file with pupils and results, or the program folder that leads to it")
+        ->default_str("that of this program")
+        ->type_name("PATH")
         ->take_last();
-    line.add_option("--store", admin.store, "For copies, restore, salvage and share: a file other than data.mdb there")
-        ->type_name("FILE");
     line.require_subcommand(1);
-    line.parse_complete_callback([&] {
-        if (admin.store.empty()) admin.store = store_in(folder);
-        room = &opened.emplace(folder);
-    });
-    add_copies(line, admin);
-    add_restore(line, admin);
-    add_salvage(line, admin);
-    add_share(line, admin);
+    line.parse_complete_callback([&] { room = &opened.emplace(store); });
     add_pupils_command(line, room);
     add_results_command(line, room);
     add_words_command(line, room);
+    add_copies_commands(line, room);
+    add_share_command(line, room);
     try {
         line.parse(argc, argv);
-        return admin.status;
+        return EXIT_SUCCESS;
     } catch (const CLI::ParseError& error) {
         return line.exit(error) == 0 ? EXIT_SUCCESS : kCantUnderstand;
     }

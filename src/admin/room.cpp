@@ -18,8 +18,15 @@ void ask_to_stop(int /*signal*/) { stop_was_asked = true; }
 
 }  // namespace
 
+Room::Room(const std::filesystem::path& store)
+    : folder_(std::filesystem::is_directory(store) ? store : std::filesystem::absolute(store).parent_path()),
+      name_(std::filesystem::is_directory(store) ? "data.mdb" : store.filename().string()),
+      files_(folder_) {}
+
+std::filesystem::path Room::file() const { return files_.find(store()).value_or(folder_ / name_); }
+
 void Room::refuse(const StoreFailure& failure) const {
-    throw CommandFailure("The file " + (folder_ / "data.mdb").string() +
+    throw CommandFailure("The file " + file().string() +
                          ", which holds the pupils and results, can't be opened: " + failure.reason);
 }
 

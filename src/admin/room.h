@@ -5,6 +5,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "copies/copies.h"
 #include "platform/sqlite/sqlite_store.h"
 #include "platform/system/disk_files.h"
 #include "school/book.h"
@@ -19,12 +20,14 @@ struct CommandFailure : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-/// One room's program folder, and its store once it is asked for.
+/// One room's store, which is opened when it is asked for.
 class Room {
 public:
-    explicit Room(const std::filesystem::path& program_folder) : folder_(program_folder), files_(program_folder) {}
+    /// `store`: its file, or the program folder that leads to it.
+    explicit Room(const std::filesystem::path& store);
 
-    [[nodiscard]] const std::filesystem::path& folder() const { return folder_; }
+    [[nodiscard]] std::filesystem::path file() const;  ///< of the store; a link is not followed
+    [[nodiscard]] Copies copies() const { return Copies(file()); }
     /// The store, read to its end. Fails with a sentence.
     [[nodiscard]] Book& book();
     [[nodiscard]] Desk& desk();  ///< of `book`
@@ -32,9 +35,10 @@ public:
 
 private:
     [[noreturn]] void refuse(const StoreFailure& failure) const;
-    [[nodiscard]] std::string store() const { return files_.program_folder() + "\\data.mdb"; }
+    [[nodiscard]] std::string store() const { return files_.program_folder() + "\\" + name_; }
 
     std::filesystem::path folder_;
+    std::string name_;  ///< of the file in it
     DiskFiles files_;
     SqliteStoreEngine engine_{files_};
     std::unique_ptr<Store> store_;

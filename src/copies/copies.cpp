@@ -185,6 +185,16 @@ Result<Copy> Copies::make(const std::string& moment, const std::stop_token& stop
     return *copy;
 }
 
+std::optional<StoreFailure> Copies::save_as(const fs::path& file, const std::stop_token& stop) const {
+    std::error_code error;
+    if (fs::exists(file, error)) return StoreFailure{file.string() + " is there already"};
+    const fs::path unfinished = fs::path(file) += ".part";
+    if (auto failure = make_copy(store_, unfinished, stop)) return failure;
+    fs::rename(unfinished, file, error);
+    if (error) return failed("the copy can't be named", error);
+    return std::nullopt;
+}
+
 /// For whoever holds the right to make copies.
 std::optional<StoreFailure> Copies::copy_as(const fs::path& file, const std::stop_token& stop) const {
     std::error_code error;

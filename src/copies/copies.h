@@ -62,6 +62,10 @@ public:
     /// play meanwhile, and a failure leaves no half copy.
     [[nodiscard]] Result<Copy> make(const std::string& moment, const std::stop_token& stop) const;
 
+    /// The same in a file of whoever asks, which must not be there yet.
+    [[nodiscard]] std::optional<StoreFailure> save_as(const std::filesystem::path& file,
+                                                      const std::stop_token& stop) const;
+
     /// Puts a store into the place of the one that is there, whatever that is, and takes its journal out of the way.
     /// What was there before is kept in the folder of the copies under the name that comes back, empty when there was
     /// nothing. `moment` goes into that name. On failure, and when it is stopped, the store is as it was.

@@ -16,6 +16,7 @@
 #include <vector>
 
 #include "launcher/starting.h"
+#include "platform/system/own_folder.h"
 
 namespace marrowfen {
 
@@ -99,7 +100,7 @@ int start(const std::vector<std::string>& given) {
         std::perror("marrowfen");
         return EXIT_FAILURE;
     }
-    std::vector<std::string> words{own_folder() + "/" MARROWFEN_WAY_TO_PROGRAM "/marrowfen"};
+    std::vector<std::string> words{own_folder().string() + "/" MARROWFEN_WAY_TO_PROGRAM "/marrowfen"};
     std::ranges::copy(given, std::back_inserter(words));
     return become(words);
 }

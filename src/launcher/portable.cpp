@@ -6,9 +6,10 @@
 #include <iterator>
 
 #include "launcher/starting.h"
+#include "platform/system/own_folder.h"
 
 int main(int argc, char** argv) {
-    const std::string program = marrowfen::own_folder() + "/program/";
+    const std::string program = marrowfen::own_folder().string() + "/program/";
     marrowfen::run({program + "marrowfen-content", program + "Content", program + "data.mdb"});
     std::vector<std::string> words{program + "marrowfen"};
     std::copy(argv + std::min(argc, 1), argv + argc, std::back_inserter(words));

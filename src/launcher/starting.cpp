@@ -7,15 +7,8 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <filesystem>
-#include <system_error>
 
 namespace marrowfen {
-
-std::string own_folder() {
-    std::error_code error;
-    return std::filesystem::read_symlink("/proc/self/exe", error).parent_path().string();
-}
 
 int become(const std::vector<std::string>& words) {
     std::vector<char*> arguments;

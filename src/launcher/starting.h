@@ -5,9 +5,6 @@
 
 namespace marrowfen {
 
-/// The folder of the running executable, links followed; empty if the system does not tell.
-[[nodiscard]] std::string own_folder();
-
 /// Becomes the program `words[0]`, which is a path, with the rest of the words behind it. Returns only when that is not
 /// possible, with the status to end with; why has been said on the error output.
 [[nodiscard]] int become(const std::vector<std::string>& words);

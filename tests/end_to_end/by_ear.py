@@ -118,6 +118,16 @@ def tile():
     return next((one.get_name()[-1] for one in children(form("Keyboard")) if one.get_name().startswith("Tile ")), None)
 
 
+def choose(name):
+    comes("Games")
+    games = part("Games", "list", "Games")
+    wanted = next(i for i, game in enumerate(children(games)) if game.get_name().endswith(f". {name}"))
+    strike("Home", *["Down"] * wanted)
+    until("the game being selected", lambda: has("SELECTED", games.get_child_at_index(wanted)))
+    strike("Return")
+    comes("Team colour")
+
+
 def play():
     comes("Your name")
     press("Your name", "New player")
@@ -136,12 +146,7 @@ def play():
     was_on = has("CHECKED", part("Games", "check box", "Sound"))
     press("Games", "Sound", "check box")
     until("the sound being switched", lambda: has("CHECKED", part("Games", "check box", "Sound")) != was_on)
-    games = part("Games", "list", "Games")
-    wanted = next(i for i, game in enumerate(children(games)) if game.get_name().endswith(". Type the big letter"))
-    strike("Home", *["Down"] * wanted)
-    until("the game being selected", lambda: has("SELECTED", games.get_child_at_index(wanted)))
-    strike("Return")
-    comes("Team colour")
+    choose("Type the big letter")
     blue = part("Team colour", "push button", "Blue team")
     Atspi.Component.grab_focus(blue)
     until("the blue button having the focus", lambda: has("FOCUSED", blue) and focused[-1] == "Blue team")
@@ -172,7 +177,18 @@ def play():
     said = " | ".join(one.get_name() for one in children(hall))
     if not re.search(r"Blue Team Hall Of Fame \| Type the big letter \|.*\| 1\. \| Ann \| \d:\d\d \| \d+ \| \S+ \| 2\.", said):
         fail(f"the hall of fame says: {said}")
-    press("Hall of fame", "Exit")
+
+    press("Hall of fame", "Another game")
+    choose("Drag the big letters")
+    press("Team colour", "Red team")
+    press("Stopwatch", "Start")
+    letter = until("a tile", tile)
+    press("Keyboard", f"Tile {letter}")
+    press("Keyboard", letter)
+    part("Keyboard", "push button", f"{letter}, done")
+    press("Keyboard", "Close")
+    comes("Games")
+    press("Games", "Exit")
 
 
 with tempfile.TemporaryDirectory() as here:

@@ -2,13 +2,12 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <cstdio>
+#include <CLI/CLI.hpp>
+#include <iostream>
 #include <memory>
-#include <stdexcept>
 #include <system_error>
 
-#include "admin/words.h"
-#include "copies/copies.h"
+#include "admin/commands.h"
 
 namespace marrowfen {
 
@@ -58,10 +57,10 @@ void close_to_others(const fs::path& program) {
 /// The store and its copies go to the folder, and a link stays in their place.
 void move_store(const fs::path& link, const fs::path& folder) {
     const fs::path store = folder / "data.mdb";
-    if (fs::exists(store)) throw std::runtime_error(store.string() + " is there already");
+    if (fs::exists(store)) throw CommandFailure(store.string() + " is there already");
     const auto moved = Copies(store).put_back(link, this_moment());
     if (const auto* failure = moved.failure())
-        throw std::runtime_error(link.string() + " can't be moved: " + failure->reason);
+        throw CommandFailure(link.string() + " can't be moved: " + failure->reason);
     const fs::path copies = Copies(link).folder();
     if (fs::exists(copies)) fs::copy(copies, folder / "Backups", fs::copy_options::skip_existing);
     const fs::path next = fs::path(link) += ".link";
@@ -71,43 +70,38 @@ void move_store(const fs::path& link, const fs::path& folder) {
     fs::remove_all(copies);
 }
 
-void share(Admin& admin, const fs::path& folder, const std::string& group_name) {
+void share(const fs::path& link, const fs::path& folder, const std::string& group_name) {
     const group* accounts = getgrnam(group_name.c_str());
-    if (accounts == nullptr) return admin.fail("there is no group " + group_name);
+    if (accounts == nullptr) throw CommandFailure("There is no group " + group_name);
     const gid_t id = accounts->gr_gid;
-    const fs::path program = admin.store.parent_path();
-    try {
-        fs::create_directories(folder);
-        const fs::path real = fs::canonical(folder);
-        if (!fs::is_symlink(admin.store)) {
-            move_store(admin.store, real);
-        } else if (fs::canonical(admin.store).parent_path() != real) {
-            return admin.fail(admin.store.string() + " leads to another folder already");
-        }
-        open_to(id, real);
-        close_to_others(fs::canonical(program));
-        (void)std::printf(
-            "Pupils and results lie in %s now, where the group %s may write.\nThe rest lies in %s, where "
-            "nobody else may.\n",
-            real.c_str(), group_name.c_str(), program.c_str());
-    } catch (const std::exception& failure) {
-        admin.fail(failure.what());
+    const fs::path program = link.parent_path();
+    fs::create_directories(folder);
+    const fs::path real = fs::canonical(folder);
+    if (!fs::is_symlink(link)) {
+        move_store(link, real);
+    } else if (fs::canonical(link).parent_path() != real) {
+        throw CommandFailure(link.string() + " leads to another folder already");
     }
+    open_to(id, real);
+    close_to_others(fs::canonical(program));
+    std::cout << "Pupils and results lie in " << real.string() << " now, where the group " << group_name
+              << " may write.\nThe rest lies in " << program.string() << ", where nobody else may.\n";
 }
 
 }  // namespace
 
-void add_share(CLI::App& line, Admin& admin) {
-    auto* word = line.add_subcommand("share", "Let several accounts of this computer play, with one store for all");
-    const auto folder = std::make_shared<std::string>();
+void add_share_command(CLI::App& program, Room*& room) {
+    auto* sharing =
+        program.add_subcommand("share", "Lets several accounts of this computer play, with one store for all");
+    const auto folder = std::make_shared<fs::path>();
     const auto group = std::make_shared<std::string>();
-    word->add_option("FOLDER", *folder, "Where pupils, results and copies are to lie; it is made if need be")
+    sharing->add_option("folder", *folder, "Where pupils, results and copies are to lie; it is made if need be")
         ->required();
-    word->add_option("--group", *group, "The group of the accounts that play")->required();
-    word->footer(
+    sharing->add_option("--group", *group, "The group of the accounts that play")->required();
+    sharing->footer(
         "To be done as the administrator (root). Afterwards the accounts of the group can write pupils and results,\n"
         "and none of them can replace the program that the others start. Do it again after an upgrade.");
-    word->callback([&admin, folder, group] { share(admin, *folder, *group); });
+    sharing->callback([&room, folder, group] { share(room->file(), *folder, *group); });
 }
 
 }  // namespace marrowfen
