@@ -89,6 +89,23 @@ TEST_F(QtAdapterTest, AKeyThatAScreenReaderHandsOnWithoutATimeIsOfNow) {
     EXPECT_LT(sink.times.back(), since_the_computer_started);
 }
 
+TEST_F(QtAdapterTest, ClocksThatPartLeaveTimeBetweenTwoPresses) {
+    constexpr std::chrono::milliseconds kBetween{1500};
+    constexpr std::chrono::milliseconds kBefore = std::chrono::hours(300);
+    constexpr std::chrono::milliseconds kAnew{1};
+    for (const auto later : {kAnew, kBefore - std::chrono::hours(1), kBefore + std::chrono::hours(1)}) {
+        Times sink;
+        Events events(sink);
+        for (const auto stamp : {kBefore, later, later + kBetween}) {
+            QKeyEvent key(QEvent::KeyPress, Qt::Key_Return, {});
+            key.setTimestamp(static_cast<quint64>(stamp.count()));
+            events.tell(KeyDown{.key = Key::Enter}, key);
+        }
+        EXPECT_EQ(sink.times.at(2) - sink.times.at(1), kBetween);
+        EXPECT_LT(sink.times.at(1), std::chrono::minutes(1));
+    }
+}
+
 TEST_F(QtAdapterTest, AFingerBringsLettersToWriteWithAndAMouseTakesThemAway) {
     const std::unique_ptr<QPointingDevice> finger(QTest::createTouchDevice());
     const auto taps = [&](QPoint place) {

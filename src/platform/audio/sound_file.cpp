@@ -54,6 +54,7 @@ Clip read_sound(const std::filesystem::path& file) {
     if (converter.needed != 0 && SDL_ConvertAudio(&converter) != 0) return {};
 
     Clip clip(static_cast<std::size_t>(converter.len_cvt) / sizeof(Clip::value_type));
+    if (clip.empty()) return clip;  // one sample at a high rate is none at ours
     std::memcpy(clip.data(), buffer.data(), clip.size() * sizeof(Clip::value_type));
     return clip;
 }

@@ -4,6 +4,7 @@
 #include <QInputEvent>
 #include <algorithm>
 #include <chrono>
+#include <optional>
 #include <utility>
 
 #include "platform/forms/input.h"
@@ -18,8 +19,13 @@ public:
     Taker tell(InputEvent::What what, const QInputEvent& source) {
         if (source.timestamp() == 0) return tell(std::move(what));  // a screen reader has held it, and handed it on
         const std::chrono::milliseconds stamp(source.timestamp());
-        if (offset_ == std::chrono::milliseconds::min()) offset_ = stamp - elapsed();
-        return hand_over(stamp - offset_, std::move(what));
+        // The two clocks may part: that of a thin client stands still while it sleeps, and that of X11 begins anew
+        // after 49 days. Without a new beginning everything would happen at one time from then on, as one endless
+        // double click.
+        constexpr std::chrono::seconds kApart{10};
+        const auto now = elapsed();
+        if (!offset_ || std::chrono::abs(stamp - *offset_ - now) > kApart) offset_ = stamp - now;
+        return hand_over(stamp - *offset_, std::move(what));
     }
     Taker tell(InputEvent::What what) { return hand_over(elapsed(), std::move(what)); }
 
@@ -34,7 +40,7 @@ private:
 
     InputSink& sink_;
     QElapsedTimer since_start_;
-    std::chrono::milliseconds offset_ = std::chrono::milliseconds::min();  // not known before the first input
+    std::optional<std::chrono::milliseconds> offset_;  // not known before the first input
     std::chrono::milliseconds last_{};
 };
 
