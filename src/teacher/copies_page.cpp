@@ -51,7 +51,7 @@ QString when_text(const Copy& copy) {
     const QLocale locale;
     const QDate date(static_cast<int>(copy.date.year()), static_cast<int>(static_cast<unsigned>(copy.date.month())),
                      static_cast<int>(static_cast<unsigned>(copy.date.day())));
-    const QString day = locale.toString(date, QLocale::LongFormat);
+    QString day = locale.toString(date, QLocale::LongFormat);
     if (!copy.time) return day;
     constexpr int kMilliseconds = 1000;
     const auto time = QTime::fromMSecsSinceStartOfDay(static_cast<int>(copy.time->count()) * kMilliseconds);
@@ -199,10 +199,10 @@ void CopiesPage::show_state() {
 }
 
 bool CopiesPage::make_one() {
-    std::optional<Result<Copy>> made;
+    Result<Copy> made = StoreFailure{kStopped};
     office_.wait_for(this, tr("Making a copy"),
                      [&](const std::stop_token& stop) { made = office_.copies().make(this_moment(), stop); });
-    if (const auto* failure = made->failure()) {
+    if (const auto* failure = made.failure()) {
         Office::tell(this, tr("No copy was made: %1.").arg(shown(failure->reason)));
         return false;
     }
@@ -218,14 +218,14 @@ void CopiesPage::put_back() {
     if (may_go_on) emit about_to_put_back(may_go_on);
     if (!may_go_on) return;
     const Copy copy = copies_->copy_at(row);
-    std::optional<Result<Comparison>> differences;
+    Result<Comparison> differences = StoreFailure{kStopped};
     office_.wait_for(this, tr("Comparing"),
                      [&](const std::stop_token&) { differences = compare(office_.copies().store(), copy.file); });
-    if (const auto* failure = differences->failure()) {
+    if (const auto* failure = differences.failure()) {
         Office::tell(this, tr("It can't be put back: %1.").arg(shown(failure->reason)));
         return;
     }
-    const Comparison& different = differences->value();
+    const Comparison& different = differences.value();
     if (different.nothing()) {
         QMessageBox::information(this, QStringLiteral("Marrowfen"),
                                  tr("Nothing would change: all is as in this copy."));

@@ -103,10 +103,10 @@ Copies Office::copies() const {
 }
 
 bool Office::put_back(QWidget* parent, const Copy& copy) {
-    std::optional<Result<std::filesystem::path>> before;
+    Result<std::filesystem::path> before = StoreFailure{kStopped};
     wait_for(parent, tr("Putting the copy back"),
              [&](const std::stop_token& stop) { before = copies().put_back(copy.file, this_moment(), stop); });
-    const auto* failure = before->failure();
+    const auto* failure = before.failure();
     if (failure) tell(parent, tr("Nothing was changed: %1.").arg(reason(*failure)));
     return failure == nullptr;
 }

@@ -98,7 +98,7 @@ bool TeacherWindow::open() {
             copy ? message.addButton(tr("&Put back the copy of %1").arg(when_text(*copy)), QMessageBox::ActionRole)
                  : nullptr;
         const int answer = message.exec();
-        if (put_back && message.clickedButton() == put_back) {
+        if (copy && message.clickedButton() == put_back) {
             office_.put_back(this, *copy);
         } else if (answer != QMessageBox::Retry) {
             return false;
