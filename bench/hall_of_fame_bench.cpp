@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <cstdlib>
+#include <exception>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -61,10 +63,16 @@ double measure(const std::filesystem::path& folder, int results) {
 }  // namespace
 
 int main() {
-    const auto folder = std::filesystem::temp_directory_path() / "marrowfen-bench";
-    const double few = measure(folder / "few", kFew);
-    const double many = measure(folder / "many", kMany);
-    std::filesystem::remove_all(folder);
-    std::printf("hall of fame: %.0f us with %d results, %.0f us with %d; ratio %.2f\n", few, kFew, many, kMany,
-                many / few);
+    try {
+        const auto folder = std::filesystem::temp_directory_path() / "marrowfen-bench";
+        const double few = measure(folder / "few", kFew);
+        const double many = measure(folder / "many", kMany);
+        std::filesystem::remove_all(folder);
+        std::printf("hall of fame: %.0f us with %d results, %.0f us with %d; ratio %.2f\n", few, kFew, many, kMany,
+                    many / few);
+        return EXIT_SUCCESS;
+    } catch (const std::exception& failure) {
+        (void)std::fprintf(stderr, "%s\n", failure.what());
+        return EXIT_FAILURE;
+    }
 }
